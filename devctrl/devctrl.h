@@ -1,0 +1,19 @@
+#pragma once
+// Everything a host program needs: the device manager, the family data
+// objects, device objects, the comparators, the text helpers and the INI
+// profile functions.
+
+#include "devctrl/device/device_obj.h"
+#include "devctrl/mngr/comparators.h"
+#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "devctrl/sds/sds_file_section.h"
+#include "devctrl/util/profile.h"
+#include "devctrl/util/string_utils.h"
+#include "devctrl/util/tokenizer.h"
+
+#include "platform/base_settings.h"
+#include "platform/pm_devkey.h"
+#include "platform/pm_pic.h"
+#include "platform/ut_trace.h"

@@ -1,0 +1,126 @@
+#pragma once
+// The process-wide device manager: loads one family data object per installed
+// PM and answers every query by PM, family or full part name.
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+class PM_DEVKEY;
+
+namespace tarn::vyxpn {
+
+class TarnSDSFile;
+class TarnDeviceObj;
+
+using StringList = std::vector<std::string>;
+using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
+
+class TarnDeviceMngr {
+public:
+    TarnDeviceMngr();
+    ~TarnDeviceMngr();
+    TarnDeviceMngr(const TarnDeviceMngr&) = delete;
+    TarnDeviceMngr& operator=(const TarnDeviceMngr&) = delete;
+
+    // ---- lifecycle and family catalogue (mngr_lifecycle.cpp, mngr_catalogue.cpp) ----
+    static TarnDeviceMngr* getInstance();
+    void init();
+    void reset();
+    bool loadDeviceInfo(const std::string& pm, bool reload);
+
+    static void baseGetAllFamilies(StringList& out);
+    static void baseGetAllPMs(StringList& out);
+    static std::string baseFamilyToPm(const std::string& family);
+    static std::string basePmToFamily(const std::string& pm);
+    // A newly allocated copy (release with free) of a key of the PM's key
+    // data; null for an unknown PM or a key without value.
+    static char* getValueByKey(const char* pm, const char* key);
+    static std::string getDefaultDevice();
+
+    // The loaded family object of a PM, or null.
+    TarnSDSFile* getFamilyFile(const std::string& pm) const;
+    // Every loaded family by PM, in byte-wise PM order.
+    const std::map<std::string, TarnSDSFile*>& getFamilyFiles() const { return m_familyFiles; }
+
+    // ---- enumeration queries (mngr_enumeration.cpp, mngr_base_queries.cpp) ----
+    void getDevices(const std::string& pm, StringList& out, bool withObsolete, bool ascOnly);
+    void getPackages(const std::string& pm, const std::string& device, StringList& out,
+                     bool withObsolete, bool ascOnly);
+    void getSpeeds(const std::string& pm, const std::string& device, const std::string& package,
+                   StringList& out, bool withObsolete, bool ascOnly);
+    void getOperations(const std::string& pm, const std::string& device,
+                       const std::string& package, const std::string& speed, StringList& out,
+                       bool withObsolete, bool ascOnly);
+    void getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete,
+                         bool ascOnly);
+    void getAllFamilies(StringList& out, bool withObsolete, bool ascOnly);
+
+    static void baseGetDevices(const std::string& pm, StringList& out);
+    static void baseGetPackages(const std::string& pm, const std::string& device,
+                                StringList& out);
+    static void baseGetSpeeds(const std::string& pm, const std::string& device,
+                              const std::string& package, StringList& out);
+    static void baseGetOperations(const std::string& pm, const std::string& device,
+                                  const std::string& package, const std::string& speed,
+                                  StringList& out);
+
+    // ---- part names and name translation (mngr_part_names.cpp) ----
+    std::string getPartName(const std::string& pm, const std::string& device,
+                            const std::string& package, const std::string& speed,
+                            const std::string& condition);
+    bool getInnerDeviceName(const std::string& part, std::string& inner);
+    int getNewFormatDeviceName(const std::string& name, std::string& newName);
+
+    // ---- feature settings (mngr_settings.cpp) ----
+    bool enableSynplify(const std::string& part);
+    bool enablePrecision(const std::string& part);
+    bool enableICF(const std::string& part);
+    bool enableLST(const std::string& part);
+    bool enableBitgen(const std::string& part);
+    std::string getDefaultSynthesis(const TarnDeviceObj& device);
+    std::string getDefaultSynthesis(const std::string& part);
+
+    // ---- part lookup and item values (mngr_part_lookup.cpp) ----
+    bool getNameByPart(const std::string& part, std::string& pm, std::string& device,
+                       std::string& package, std::string& speed, std::string& condition);
+    bool exists(const std::string& part);
+    std::string getItemValue(const std::string& item, const std::string& part,
+                             const std::string& defaultValue);
+    std::string getItemValue(const std::string& item, const std::string& pm,
+                             const std::string& device, const std::string& package,
+                             const std::string& defaultValue);
+    static bool stringToBool(const std::string& text);
+    int getASCMaxNum(const std::string& part);
+    bool enableASC(const std::string& part);
+
+    // ---- writer and dump (mngr_write.cpp) ----
+    void writeSDS(const std::string& pm, std::string path);
+    void printMe(const std::string& pm);
+
+    // ---- ASC data and device data report (device/asc_report.cpp) ----
+    bool getInternalASCs(const std::string& part, std::map<std::string, int>& ascs);
+    bool getSupportedASCs(const std::string& part, StringList& ascs);
+    std::string getDefaultASC();
+    int getGloablSupportedASCs(StringList& ascs);
+    bool getGlobalASCValue(const std::string& asc, const std::string& item, std::string& value);
+    bool calcDeviceData(const std::string& pm, const std::string& device,
+                        const std::string& package, KeyValueReport& data);
+    bool calcDeviceData(const std::string& part, KeyValueReport& data);
+    bool calcDeviceData(TarnDeviceObj& dev, KeyValueReport& data);
+
+    // ---- validation (device/validation.cpp) ----
+    bool isValid(const TarnDeviceObj& dev, std::string& message);
+    int checkDevice(const std::string& name, std::string& newName);
+
+    static TarnDeviceMngr* m_pMngr;
+
+private:
+    std::map<std::string, TarnSDSFile*> m_familyFiles;
+};
+
+// The ','-separated members of one key; empties `out` and returns the count.
+int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out);
+
+}  // namespace tarn::vyxpn

@@ -1,0 +1,131 @@
+#pragma once
+// One device family's data: the tables loaded from its device table file and
+// part data file, and the part and resource tables generated from them.
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "devctrl/sds/sds_file_section.h"
+
+namespace tarn::vyxpn {
+
+class TarnDeviceMngr;
+class TarnDeviceObj;
+
+using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
+
+class TarnSDSFile {
+public:
+    TarnSDSFile(std::string pm, TarnDeviceMngr* mngr);
+    ~TarnSDSFile();
+    TarnSDSFile(const TarnSDSFile&) = delete;
+    TarnSDSFile& operator=(const TarnSDSFile&) = delete;
+
+    // ---- lifecycle (sds_file.cpp) ----
+    // Loads the device table file, then the part data file, then builds the
+    // part and resource tables. False only when the device table file failed.
+    bool init();
+    // Empties the loaded tables; keeps the generated ones and the method.
+    void reset();
+    // reset() and the generated tables too.
+    void resetAll();
+    const std::vector<std::string>& getASCTypes() const { return m_ascTypes; }
+
+    // ---- device table file (sds_load_acd.cpp) ----
+    bool loadDeviceAcd();
+
+    // ---- part data file (sds_load_pwd.cpp) ----
+    int loadPWD_Bin(std::string pm, const char* directory,
+                    const std::vector<std::string>& resourceItems);
+    int loadPWD_Bin_internal(const char* pm, const char* directory,
+                             const std::vector<std::string>& resourceItems);
+    bool loadPWD(std::string path, const std::vector<std::string>& resourceItems);
+    bool mergePWDToACD(TarnSDSFileSection& acd, TarnSDSFileSection& pwd);
+
+    // ---- database building (sds_build_database.cpp) ----
+    void buildDatabase();
+    void _buildDatabase_auto();
+    void _buildDatabase_opn();
+
+    // ---- part lists (sds_part_lists.cpp) ----
+    void getDevices(std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
+    void getPackages(const std::string& device, std::vector<std::string>& list,
+                     bool withObsolete, bool ascOnly) const;
+    void getSpeeds(const std::string& device, const std::string& package,
+                   std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
+    void getOperations(const std::string& device, const std::string& package,
+                       const std::string& speed, std::vector<std::string>& list,
+                       bool withObsolete, bool ascOnly) const;
+    void getAllParts(std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
+    void getCustomItems(std::vector<std::string>& list) const;
+    static void filterVector(std::vector<std::string>& row, const std::vector<int>& keep);
+
+    // ---- item values (sds_item_values.cpp) ----
+    std::string getItemValue(const std::string& item, const std::string& part,
+                             std::string defaultValue) const;
+    std::string internalGetDevPkgItemValue(const std::string& item, const std::string& device,
+                                           const std::string& package,
+                                           std::string defaultValue) const;
+    std::string _internalGetDevPkgItemValue(bool& found, const std::string& item,
+                                            const std::string& device,
+                                            const std::string& package,
+                                            std::string defaultValue) const;
+    std::string internalGetPartItemValue(const std::string& item, const std::string& part,
+                                         std::string defaultValue) const;
+    std::string _internalGetPartItemValue(bool& found, const std::string& item,
+                                          const std::string& part,
+                                          std::string defaultValue) const;
+
+    // ---- part names (sds_part_names.cpp) ----
+    std::string getShortPackage(const std::string& device, const std::string& package) const;
+    std::string createPart(const std::string& device, const std::string& speed,
+                           const std::string& package, char condition,
+                           const std::string& suffix) const;
+    std::string createInnerPart(std::string device, std::string speed, std::string package,
+                                const std::string& suffix) const;
+    bool getNameByPart(const std::string& part, std::string& device, std::string& package,
+                       std::string& speed, std::string& condition) const;
+    bool isObsDevice(const std::string& part) const;
+    static std::string getFullConditionName(char condition);
+
+    // ---- ASC data and device data (sds_asc.cpp) ----
+    bool getInternalASCs(const std::string& part, std::map<std::string, int>& ascs) const;
+    bool getSupportedASCs(const std::string& part, std::vector<std::string>& ascs) const;
+    int getGlobalSupportedASCs(std::vector<std::string>& ascs) const;
+    bool getGlobalASCValue(const std::string& asc, const std::string& item,
+                           std::string& value) const;
+    void _calcASCDataByType(const std::string& asc, int count,
+                            std::map<std::string, int>& resources) const;
+    bool calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const;
+    bool calcDeviceData(const std::string& device, const std::string& package,
+                        KeyValueReport& data) const;
+
+    // ---- writer and dump (sds_write.cpp) ----
+    void writeSDS(std::string path) const;
+    void printMe() const;
+
+    // ---- the tables; public so hosts and tests can read them ----
+    std::string m_pm;
+    std::map<std::string, std::vector<std::string>> m_pkgAlias;
+    std::vector<std::string> m_resourceItems;
+    std::map<std::string, std::string> m_resourceLabels;
+    std::vector<std::string> m_partExceptions;
+    std::vector<std::string> m_deviceExceptions;
+    std::vector<std::pair<std::string, std::string>> m_packageExceptions;
+    TarnSDSFileSection m_pmSection;       // "PM map": one row keyed by m_pm
+    TarnSDSFileSection m_deviceSection;   // "Device map": rows keyed by device
+    TarnSDSFileSection m_packageSection;  // "Package map": rows keyed by device_package
+    TarnSDSFileSection m_partSection;     // "Def Part map": rows keyed by part name
+    TarnSDSFileSection m_genericDevices;  // the generated part table
+    TarnSDSFileSection m_deviceInfo;      // the generated resource table
+    std::vector<std::string> m_ascTypes;
+    TarnSDSFileSection m_ascSection;
+    std::vector<std::string> m_ascResourceItems;
+    std::string m_defaultASC;
+    std::string m_partGenerateMethod;
+    TarnDeviceMngr* m_pDeviceMngr = nullptr;
+};
+
+}  // namespace tarn::vyxpn

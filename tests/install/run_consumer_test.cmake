@@ -1,0 +1,33 @@
+# Installs the build into a scratch prefix, then configures, builds and runs a
+# small consumer program against it through find_package(devctrl).
+file(REMOVE_RECURSE ${WORK_DIR})
+execute_process(COMMAND ${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${WORK_DIR}/prefix
+                RESULT_VARIABLE rc OUTPUT_QUIET)
+if(rc)
+    message(FATAL_ERROR "install failed: ${rc}")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer
+                        -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix
+                RESULT_VARIABLE rc)
+if(rc)
+    message(FATAL_ERROR "configuring the consumer failed: ${rc}")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_DIR}/build RESULT_VARIABLE rc)
+if(rc)
+    message(FATAL_ERROR "building the consumer failed: ${rc}")
+endif()
+# The consumer runs on the installed sample data: no DEVCTRL_DATA_DIR.
+execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DEVCTRL_DATA_DIR
+                        ${WORK_DIR}/build/consumer
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out)
+message("${out}")
+if(rc)
+    message(FATAL_ERROR "the consumer failed: ${rc}")
+endif()
+# The installed tool finds its library and data too.
+execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DEVCTRL_DATA_DIR
+                        ${WORK_DIR}/prefix/bin/devctrl pms
+                RESULT_VARIABLE rc OUTPUT_VARIABLE out)
+if(rc OR out STREQUAL "")
+    message(FATAL_ERROR "the installed tool failed: ${rc}")
+endif()

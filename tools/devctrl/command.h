@@ -1,0 +1,66 @@
+#pragma once
+// One `devctrl` command is one self-contained unit: a class derived from
+// Command in its own file under commands/, registered with
+// DEVCTRL_REGISTER_COMMAND. Nothing else needs to change to add one.
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "output.h"
+
+namespace tarn::vyxpn {
+class TarnDeviceMngr;
+}
+
+namespace devctrl_tool {
+
+// Thrown by a command for a failure the user should read: printed as one
+// line on standard error, exit status `status`.
+class ToolError : public std::runtime_error {
+public:
+    explicit ToolError(const std::string& message, int status = 1)
+        : std::runtime_error(message), m_status(status) {}
+    int status() const { return m_status; }
+
+private:
+    int m_status;
+};
+
+struct Context {
+    Output& out;
+    // The loaded manager; created on first call.
+    tarn::vyxpn::TarnDeviceMngr& mngr();
+};
+
+class Command {
+public:
+    virtual ~Command() = default;
+    virtual std::string name() const = 0;
+    // One line for the command list.
+    virtual std::string summary() const = 0;
+    // Declares the command's arguments and options on its subcommand; the
+    // subcommand's description and footer are its help text.
+    virtual void configure(CLI::App& command) = 0;
+    // Runs after parsing; returns the exit status.
+    virtual int run(Context& context) = 0;
+};
+
+class CommandRegistry {
+public:
+    static bool add(std::unique_ptr<Command> command);
+    // In name order.
+    static std::vector<Command*> all();
+};
+
+}  // namespace devctrl_tool
+
+#define DEVCTRL_CONCAT_INNER(a, b) a##b
+#define DEVCTRL_CONCAT(a, b) DEVCTRL_CONCAT_INNER(a, b)
+#define DEVCTRL_REGISTER_COMMAND(Type)                                           \
+    namespace {                                                                  \
+    const bool DEVCTRL_CONCAT(registered_, __LINE__) =                           \
+        ::devctrl_tool::CommandRegistry::add(std::make_unique<Type>());          \
+    }

@@ -1,0 +1,34 @@
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+class FamiliesCommand : public Command {
+public:
+    std::string name() const override { return "families"; }
+    std::string summary() const override { return "List the loaded families in natural order"; }
+    void configure(CLI::App& command) override {
+        command.add_flag("--all", m_withObsolete, "Count obsolete parts too");
+        command.add_flag("--asc-only", m_ascOnly, "Count only parts that can use ASC chips");
+        command.footer(
+            "A family is listed when it loaded and at least one of its parts passes the "
+            "filters.");
+    }
+    int run(Context& context) override {
+        StringList families;
+        context.mngr().getAllFamilies(families, m_withObsolete, m_ascOnly);
+        context.out.list(families);
+        return 0;
+    }
+
+private:
+    using StringList = tarn::vyxpn::StringList;
+    bool m_withObsolete = false;
+    bool m_ascOnly = false;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::FamiliesCommand)
