@@ -43,6 +43,9 @@ public:
     TarnSDSFile* getFamilyFile(const std::string& pm) const;
     // Every loaded family by PM, in byte-wise PM order.
     const std::map<std::string, TarnSDSFile*>& getFamilyFiles() const { return m_familyFiles; }
+    // Takes ownership of a family object built elsewhere (tests, generated
+    // catalogues), replacing a loaded one of the same PM.
+    void adoptFamilyFile(TarnSDSFile* file);
 
     // ---- enumeration queries (mngr_enumeration.cpp, mngr_base_queries.cpp) ----
     void getDevices(const std::string& pm, StringList& out, bool withObsolete, bool ascOnly);
