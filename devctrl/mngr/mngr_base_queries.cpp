@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "platform/pm_pic.h"
@@ -43,7 +41,7 @@ void TarnDeviceMngr::baseGetSpeeds(const std::string& pm, const std::string& dev
     pic.set_package(package.c_str());
     PM_NAME_DARRAY names = pic.makeSpdList(0);
     appendNames(names, out);
-    std::sort(out.begin(), out.end(), STRgreater);
+    sortNatural(out);
 }
 
 void TarnDeviceMngr::baseGetOperations(const std::string& pm, const std::string& device,

@@ -1,19 +1,10 @@
-#include <algorithm>
-
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {
 
-namespace {
-// Lists come from the family in table order; users see them in natural order.
-template <typename Less>
-void sortList(StringList& out, Less less) {
-    if (!out.empty())
-        std::sort(out.begin(), out.end(), less);
-}
-}  // namespace
+// The family lists in table order; users see every list in natural order.
 
 void TarnDeviceMngr::getDevices(const std::string& pm, StringList& out, bool withObsolete,
                                 bool ascOnly) {
@@ -21,7 +12,7 @@ void TarnDeviceMngr::getDevices(const std::string& pm, StringList& out, bool wit
     if (!file)
         return;
     file->getDevices(out, withObsolete, ascOnly);
-    sortList(out, STRgreater);
+    sortNatural(out);
 }
 
 void TarnDeviceMngr::getPackages(const std::string& pm, const std::string& device, StringList& out,
@@ -30,7 +21,7 @@ void TarnDeviceMngr::getPackages(const std::string& pm, const std::string& devic
     if (!file)
         return;
     file->getPackages(device, out, withObsolete, ascOnly);
-    sortList(out, PKGSTRgreater);
+    sortPackages(out);
 }
 
 void TarnDeviceMngr::getSpeeds(const std::string& pm, const std::string& device,
@@ -40,7 +31,7 @@ void TarnDeviceMngr::getSpeeds(const std::string& pm, const std::string& device,
     if (!file)
         return;
     file->getSpeeds(device, package, out, withObsolete, ascOnly);
-    sortList(out, STRgreater);
+    sortNatural(out);
 }
 
 void TarnDeviceMngr::getOperations(const std::string& pm, const std::string& device,
@@ -50,7 +41,7 @@ void TarnDeviceMngr::getOperations(const std::string& pm, const std::string& dev
     if (!file)
         return;
     file->getOperations(device, package, speed, out, withObsolete, ascOnly);
-    sortList(out, STRgreater);
+    sortNatural(out);
 }
 
 void TarnDeviceMngr::getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete,
@@ -59,7 +50,7 @@ void TarnDeviceMngr::getAllPartsByPM(const std::string& pm, StringList& out, boo
     if (!file)
         return;
     file->getAllParts(out, withObsolete, ascOnly);
-    sortList(out, STRgreater);
+    sortNatural(out);
 }
 
 void TarnDeviceMngr::getAllFamilies(StringList& out, bool withObsolete, bool ascOnly) {
@@ -76,7 +67,7 @@ void TarnDeviceMngr::getAllFamilies(StringList& out, bool withObsolete, bool asc
         if (!family.empty())
             out.push_back(family);
     }
-    sortList(out, STRgreater);
+    sortNatural(out);
 }
 
 }  // namespace tarn::vyxpn

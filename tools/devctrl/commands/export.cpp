@@ -90,7 +90,7 @@ class FamilyWalk {
                 continue;
             m_conditions[deviceName][packageName][speedName].add(row.at(condition));
         }
-        std::sort(m_passing.begin(), m_passing.end(), [](const auto& a, const auto& b) {
+        std::stable_sort(m_passing.begin(), m_passing.end(), [](const auto& a, const auto& b) {
             return tarn::vyxpn::STRgreater(*a.first, *b.first);
         });
     }
@@ -129,9 +129,11 @@ class FamilyWalk {
     using ByPackage = std::unordered_map<std::string, Distinct>;
     using BySpeed = std::unordered_map<std::string, Distinct>;
 
+    // Stable sorts, as the manager sorts: the orderings are not strict weak
+    // orderings for every input.
     template <typename Less>
     static StringList sorted(StringList list, Less less) {
-        std::sort(list.begin(), list.end(), less);
+        std::stable_sort(list.begin(), list.end(), less);
         return list;
     }
 
@@ -171,7 +173,7 @@ class FamilyWalk {
         StringList speeds;
         for (const auto& entry : bySpeed)
             speeds.push_back(entry.first);
-        std::sort(speeds.begin(), speeds.end(), tarn::vyxpn::STRgreater);
+        tarn::vyxpn::sortNatural(speeds);
         out << '{';
         writeKeyed(out, speeds, bySpeed, [&](const std::string&, const Distinct& d) {
             writeList(out, sorted(d.values, tarn::vyxpn::STRgreater));
@@ -253,7 +255,7 @@ class ExportCommand : public Command {
             if (!family.empty() && hasPassingPart(mngr, *mngr.getFamilyFile(pm)))
                 families.push_back(family);
         }
-        std::sort(families.begin(), families.end(), tarn::vyxpn::STRgreater);
+        tarn::vyxpn::sortNatural(families);
 
         std::ostream& out = std::cout;
         out << "{\n  \"families\": ";

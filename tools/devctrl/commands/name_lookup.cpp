@@ -31,7 +31,7 @@ bool oneEditApart(const std::string& a, const std::string& b) {
 }
 
 void sortNatural(std::vector<std::string>& names) {
-    std::sort(names.begin(), names.end(), tarn::vyxpn::STRgreater);
+    tarn::vyxpn::sortNatural(names);
     names.erase(std::unique(names.begin(), names.end()), names.end());
 }
 
