@@ -25,13 +25,13 @@ class ConditionsCommand : public Command {
         const std::string pm = resolvePm(mngr, m_pm);
         tarn::vyxpn::StringList known;
         mngr.getDevices(pm, known, true, false);
-        requireListed("device", m_device, known);
+        requireListed("device", m_device, known, pm);
         known.clear();
         mngr.getPackages(pm, m_device, known, true, false);
-        requireListed("package", m_package, known);
+        requireListed("package", m_package, known, pm);
         known.clear();
         mngr.getSpeeds(pm, m_device, m_package, known, true, false);
-        requireListed("speed grade", m_speed, known);
+        requireListed("speed grade", m_speed, known, pm);
         tarn::vyxpn::StringList conditions;
         mngr.getOperations(pm, m_device, m_package, m_speed, conditions, m_withObsolete, m_ascOnly);
         context.out.list(conditions);

@@ -48,8 +48,10 @@ void NearNames::consider(const std::string& candidate) {
     const std::size_t length = candidate.size();
     if (length + 2 < m_query.size() || length > m_query.size() + 2)
         return;
-    if (std::toupper(static_cast<unsigned char>(candidate[0])) !=
-        static_cast<unsigned char>(m_foldedQuery[0]))
+    // Short names (speed grades) differ in their first character as often
+    // as anywhere else.
+    if (m_query.size() >= 4 && std::toupper(static_cast<unsigned char>(candidate[0])) !=
+                                   static_cast<unsigned char>(m_foldedQuery[0]))
         return;
     const std::string folded = tarn::vyxpn::util::toUpper(candidate);
     if (folded == m_foldedQuery)
@@ -69,8 +71,11 @@ std::vector<std::string> NearNames::best() const {
 }
 
 std::string unknownNameMessage(const std::string& kind, const std::string& name,
-                               const std::vector<std::string>& suggestions) {
+                               const std::vector<std::string>& suggestions,
+                               const std::string& where) {
     std::string message = "unknown " + kind + " '" + name + "'";
+    if (!where.empty())
+        message += " in " + where;
     for (std::size_t i = 0; i < suggestions.size(); ++i)
         message += (i == 0 ? "; did you mean " : ", ") + suggestions[i];
     if (!suggestions.empty())
@@ -113,13 +118,13 @@ void requireKnownPart(TarnDeviceMngr& mngr, const std::string& part) {
 }
 
 void requireListed(const std::string& kind, const std::string& name,
-                   const std::vector<std::string>& known) {
+                   const std::vector<std::string>& known, const std::string& where) {
     if (std::find(known.begin(), known.end(), name) != known.end())
         return;
     NearNames near(name);
     for (const std::string& candidate : known)
         near.consider(candidate);
-    throw ToolError(unknownNameMessage(kind, name, near.best()));
+    throw ToolError(unknownNameMessage(kind, name, near.best(), where));
 }
 
 }  // namespace devctrl_tool

@@ -14,8 +14,9 @@ namespace devctrl_tool {
 
 // Collects the known names closest to a mistyped one: equal but for letter
 // case, or one character inserted, removed or replaced (letter case aside).
-// Only names of about the same length and the same first letter are
-// compared, which keeps a scan over a large catalogue cheap.
+// Only names within two characters of the length and, for names of four
+// characters or more, with the same first letter are compared, which keeps
+// a scan over a large catalogue cheap.
 class NearNames {
   public:
     explicit NearNames(std::string query, std::size_t limit = 5);
@@ -32,9 +33,11 @@ class NearNames {
     std::vector<std::string> m_oneOff;
 };
 
-// "unknown <kind> '<name>'" and, when there are any, "; did you mean A, B?".
+// "unknown <kind> '<name>'", then " in <where>" when given and, when there
+// are any, "; did you mean A, B?".
 std::string unknownNameMessage(const std::string& kind, const std::string& name,
-                               const std::vector<std::string>& suggestions);
+                               const std::vector<std::string>& suggestions,
+                               const std::string& where = "");
 
 // The loaded PM that `argument` names: a PM code as it stands, or a family
 // name in any letter case. Throws ToolError for anything else.
@@ -44,8 +47,9 @@ std::string resolvePm(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& argu
 // loaded family knows the full part name.
 void requireKnownPart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part);
 
-// Throws ToolError with suggestions from `known` unless `name` is in it.
+// Throws ToolError ("unknown <kind> '<name>' in <where>") with suggestions
+// from `known` unless `name` is in it.
 void requireListed(const std::string& kind, const std::string& name,
-                   const std::vector<std::string>& known);
+                   const std::vector<std::string>& known, const std::string& where);
 
 }  // namespace devctrl_tool

@@ -25,7 +25,7 @@ class PackagesCommand : public Command {
         const std::string pm = resolvePm(mngr, m_pm);
         tarn::vyxpn::StringList known;
         mngr.getDevices(pm, known, true, false);
-        requireListed("device", m_device, known);
+        requireListed("device", m_device, known, pm);
         tarn::vyxpn::StringList packages;
         mngr.getPackages(pm, m_device, packages, m_withObsolete, m_ascOnly);
         context.out.list(packages);

@@ -25,10 +25,10 @@ class SpeedsCommand : public Command {
         const std::string pm = resolvePm(mngr, m_pm);
         tarn::vyxpn::StringList known;
         mngr.getDevices(pm, known, true, false);
-        requireListed("device", m_device, known);
+        requireListed("device", m_device, known, pm);
         known.clear();
         mngr.getPackages(pm, m_device, known, true, false);
-        requireListed("package", m_package, known);
+        requireListed("package", m_package, known, pm);
         tarn::vyxpn::StringList speeds;
         mngr.getSpeeds(pm, m_device, m_package, speeds, m_withObsolete, m_ascOnly);
         context.out.list(speeds);
