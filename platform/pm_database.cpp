@@ -1,3 +1,13 @@
+// The part-model database. Choices the data layout leaves open, settled here:
+// - Only subdirectories are candidate PMs; one counts when its family.key has
+//   at least one non-empty FAMILY name.
+// - A data directory that is missing or unreadable gives an empty database.
+//   When DEVCTRL_DATA_DIR names a directory that does not exist, buildMe()
+//   traces one line naming it; the built-in locations fall back silently.
+// - Within DEVICES, PACKAGES and SPEEDS, empty names are skipped and a name
+//   given twice for the same owner is kept once (the first time).
+// - Condition letters after '/' in a grade are read in either case.
+
 #include "platform/pm_database.h"
 
 #include <strings.h>

@@ -1,3 +1,13 @@
+// Reader of keyed data files. Choices the file format leaves open, settled
+// here:
+// - A comment line never continues, even when it ends with a backslash; a
+//   continuation line that looks like a comment is value text.
+// - A line continues when its last character other than blanks and tabs is a
+//   backslash, so invisible trailing blanks do not break a list.
+// - A NUL byte ends the content of its line; the rest of that line is ignored.
+// - "= value" is a key named "" rather than a malformed line.
+// - A malformed line is reported with the number of its first physical line.
+
 #include "platform/pm_devkey.h"
 
 #include <fcntl.h>
