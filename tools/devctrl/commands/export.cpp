@@ -96,33 +96,33 @@ class FamilyWalk {
     }
 
     void write(std::ostream& out, const std::string& family) const {
-        out << "{\n    \"family\": ";
+        out << "{\n      \"family\": ";
         writeString(out, family);
         const StringList devices = sorted(m_devices.values, tarn::vyxpn::STRgreater);
-        out << ",\n    \"devices\": ";
+        out << ",\n      \"devices\": ";
         writeList(out, devices);
-        out << ",\n    \"packages\": {";
+        out << ",\n      \"packages\": {";
         writeNested(out, devices, m_packages, [&](const std::string&, const Distinct& d) {
             writeList(out, sorted(d.values, tarn::vyxpn::PKGSTRgreater));
         });
-        out << "},\n    \"speeds\": {";
+        out << "},\n      \"speeds\": {";
         writeNested(out, devices, m_speeds, [&](const std::string& device, const auto& byPackage) {
             writeByPackage(out, device, byPackage, [&](const Distinct& d) {
                 writeList(out, sorted(d.values, tarn::vyxpn::STRgreater));
             });
         });
-        out << "},\n    \"conditions\": {";
+        out << "},\n      \"conditions\": {";
         writeNested(out, devices, m_conditions,
                     [&](const std::string& device, const auto& byPackage) {
                         writeByPackage(out, device, byPackage,
                                        [&](const auto& bySpeed) { writeBySpeed(out, bySpeed); });
                     });
-        out << "},\n    \"parts\": [";
+        out << "},\n      \"parts\": [";
         for (std::size_t i = 0; i < m_passing.size(); ++i) {
-            out << (i ? ",\n      " : "\n      ");
+            out << (i ? ",\n        " : "\n        ");
             writePart(out, *m_passing[i].first, *m_passing[i].second);
         }
-        out << (m_passing.empty() ? "]\n  }" : "\n    ]\n  }");
+        out << (m_passing.empty() ? "]\n    }" : "\n      ]\n    }");
     }
 
   private:
@@ -264,7 +264,7 @@ class ExportCommand : public Command {
         bool first = true;
         for (const std::string& pm : pms) {
             FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_withObsolete, m_ascOnly);
-            out << (first ? "\n  " : ",\n  ");
+            out << (first ? "\n    " : ",\n    ");
             first = false;
             writeString(out, pm);
             out << ": ";

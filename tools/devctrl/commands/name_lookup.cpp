@@ -61,13 +61,13 @@ void NearNames::consider(const std::string& candidate) {
 }
 
 std::vector<std::string> NearNames::best() const {
-    std::vector<std::string> same = m_sameFolded, oneOff = m_oneOff;
-    sortNatural(same);
-    sortNatural(oneOff);
-    same.insert(same.end(), oneOff.begin(), oneOff.end());
-    if (same.size() > m_limit)
-        same.resize(m_limit);
-    return same;
+    // A name that differs only in letter case is surely the one meant; the
+    // one-character neighbours would only add noise then.
+    std::vector<std::string> names = m_sameFolded.empty() ? m_oneOff : m_sameFolded;
+    sortNatural(names);
+    if (names.size() > m_limit)
+        names.resize(m_limit);
+    return names;
 }
 
 std::string unknownNameMessage(const std::string& kind, const std::string& name,

@@ -21,8 +21,8 @@ class NearNames {
   public:
     explicit NearNames(std::string query, std::size_t limit = 5);
     void consider(const std::string& candidate);
-    // The closest names: case-only differences first, then one-character
-    // differences, each in natural order; at most `limit`.
+    // The names that differ only in letter case or, when there are none,
+    // those one character off; in natural order, at most `limit`.
     std::vector<std::string> best() const;
 
   private:
