@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "sds/selection_fixture.h"
+#include "support/test_env.h"
 
 using namespace tarn::vyxpn;
 using devctrl_test::addPart;
@@ -61,4 +62,73 @@ TEST(MngrEnumeration, UnloadedPmLeavesTheListAlone) {
     // A loaded family empties the list even when nothing matches.
     mngr.getPackages("zr1a00", "ZR5", out, true, false);
     EXPECT_TRUE(out.empty());
+}
+
+namespace {
+
+// Base lists straight from family.key, with per-grade conditions.
+void writeBaseFamily(const devctrl_test::TempDir& dir, const std::string& pm,
+                     const std::string& family, const std::string& status) {
+    dir.write(pm + "/family.key", "FAMILY = " + family +
+                                      "\nDEVICES = ZR12, ZR4\n"
+                                      "PACKAGES = ZR12, BG100, QF48 : ZR4, QF48\n"
+                                      "SPEEDS = ZR12, BG100, 12, 6/CI, 7/C, 8/I : ZR4, QF48, 6\n");
+    dir.write(pm + "/device.acd",
+              "PM_ENABLE = true\nPKG_ALIAS = BG100, B100\n"
+              "DEVICE_ITEMS = Status\nDEVICE_DATAS = ZR12, " +
+                  status + " : ZR4, " + status + "\n");
+}
+
+}  // namespace
+
+TEST(MngrEnumeration, BaseQueriesReadThePartModelLists) {
+    devctrl_test::TempDir dir;
+    writeBaseFamily(dir, "zr1a00", "ZR1", "P");
+    devctrl_test::DataDirScope scope(dir.path());
+    Strings out{"stale"};
+    TarnDeviceMngr::baseGetDevices("zr1a00", out);
+    EXPECT_EQ(out, (Strings{"ZR12", "ZR4"})) << "in the library's order";
+    TarnDeviceMngr::baseGetPackages("zr1a00", "ZR12", out);
+    EXPECT_EQ(out, (Strings{"BG100", "QF48"}));
+    TarnDeviceMngr::baseGetSpeeds("zr1a00", "ZR12", "BG100", out);
+    EXPECT_EQ(out, (Strings{"6", "7", "8", "12"})) << "speed grades in natural order";
+    TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "6", out);
+    EXPECT_EQ(out, (Strings{"Commercial", "Industrial"}));
+    TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "8", out);
+    EXPECT_EQ(out, Strings{"Industrial"});
+    TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "9", out);
+    EXPECT_TRUE(out.empty()) << "no such speed record";
+    TarnDeviceMngr::baseGetDevices("zr9a00", out);
+    EXPECT_TRUE(out.empty());
+    TarnDeviceMngr::baseGetPackages("zr1a00", "ZR5", out);
+    EXPECT_TRUE(out.empty());
+}
+
+TEST(MngrEnumeration, FamiliesWithPassingPartsAppendedAndSorted) {
+    devctrl_test::TempDir dir;
+    writeBaseFamily(dir, "zr1a00", "ZR12X", "P");
+    writeBaseFamily(dir, "zr2a00", "ZR4X", "O");  // every part obsolete
+    writeBaseFamily(dir, "zr3a00", "ZR4X", "P");  // the same family name again
+    devctrl_test::DataDirScope scope(dir.path());
+    TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
+    // A family name selects its first PM only, so the second PM of ZR4X is
+    // loaded by hand.
+    ASSERT_TRUE(mngr.loadDeviceInfo("zr3a00", true));
+    ASSERT_EQ(mngr.getFamilyFiles().size(), 3u);
+
+    Strings out{"ZR5X"};
+    mngr.getAllFamilies(out, false, false);
+    EXPECT_EQ(out, (Strings{"ZR4X", "ZR5X", "ZR12X"}));
+    out = {"ZR5X"};
+    mngr.getAllFamilies(out, true, false);
+    EXPECT_EQ(out, (Strings{"ZR4X", "ZR4X", "ZR5X", "ZR12X"})) << "duplicates stay";
+    out.clear();
+    mngr.getAllFamilies(out, true, true);
+    EXPECT_TRUE(out.empty()) << "no part has ASC capacity";
+
+    // The generated lists go through the same natural ordering.
+    mngr.getSpeeds("zr1a00", "ZR12", "BG100", out, false, false);
+    EXPECT_EQ(out, (Strings{"6", "7", "8", "12"}));
+    mngr.getOperations("zr1a00", "ZR12", "BG100", "8", out, false, false);
+    EXPECT_EQ(out, (Strings{"COM", "IND"})) << "generation uses the family's own conditions";
 }
