@@ -19,8 +19,7 @@ bool passesFilters(const TarnSDSFile& file, const std::string& part, bool withOb
     return true;
 }
 
-// One column that a list query reads or matches, with the value to match
-// (none for the wanted column itself).
+// A column whose cell a part must hold exactly (case matters) to count.
 struct ColumnMatch {
     const char* name;
     const std::string* mustEqual;
