@@ -53,11 +53,14 @@ class NameList {
         return true;
     }
 
-    // The count of characters stored, not counting the final NUL.
+    // The count of characters stored up to the last name's end: neither the
+    // last name's NUL nor the final NUL counts ("A", NUL, "B", NUL, NUL gives
+    // 3). A cut list, closed at size - 2, reads the same way.
     unsigned finish() {
-        if (!m_full)
-            m_buffer[m_length] = '\0';
-        return static_cast<unsigned>(m_length);
+        if (m_full)
+            return static_cast<unsigned>(m_length);
+        m_buffer[m_length] = '\0';
+        return m_length > 0 ? static_cast<unsigned>(m_length - 1) : 0;
     }
     bool full() const { return m_full; }
 
@@ -106,8 +109,8 @@ bool nextEntry(FILE* file, char* line) {
     return false;
 }
 
-// Key list of the current section; the count stored, 0 when it holds no
-// entries.
+// Key list of the current section; the count as for names, 0 when it holds
+// no entries.
 unsigned listKeys(FILE* file, char* buffer, unsigned size, bool* truncated) {
     NameList keys(buffer, size);
     char line[kLineSize];

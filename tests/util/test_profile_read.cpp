@@ -116,7 +116,7 @@ TEST(ProfileRead, KeyListStopsAtNextHeaderAndFallsBackToDefault) {
         dir.write("k.ini", "[S]\nk1=1\n; c\nK2 = 2\n\nnovalue\n[T]\nz=1\n[Empty]\n; only\n");
     char buffer[64];
     memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("s", nullptr, "dflt", buffer, 64, path.c_str()), 14u);
+    EXPECT_EQ(GetPrivateProfileString("s", nullptr, "dflt", buffer, 64, path.c_str()), 13u);
     EXPECT_EQ(bytes(buffer, 15), bytes("k1\0K2\0novalue\0", 15));
     EXPECT_EQ(GetPrivateProfileString("Missing", nullptr, "dflt", buffer, 64, path.c_str()), 4u);
     EXPECT_STREQ(buffer, "dflt");
@@ -130,7 +130,7 @@ TEST(ProfileRead, WhitespaceOnlyLineRepeatsThePreviousKey) {
     // of its own.
     std::string path = dir.write("k.ini", "[S]\na=1\n\r\nb=2\n");
     char buffer[32] = {};
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 32, path.c_str()), 6u);
+    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 32, path.c_str()), 5u);
     EXPECT_EQ(bytes(buffer, 7), bytes("a\0a\0b\0", 7));
 }
 
@@ -140,7 +140,7 @@ TEST(ProfileRead, LongLinesAreReadInPieces) {
     char buffer[2048] = {};
     EXPECT_EQ(GetPrivateProfileString("S", "k", "", buffer, 2048, path.c_str()), 1021u);
     // The rest of the line is a line of its own, with a key and no value.
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 2048, path.c_str()), 2u + 80u);
+    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 2048, path.c_str()), 2u + 79u);
     EXPECT_EQ(std::string(buffer + 2), std::string(79, 'x'));
 }
 
