@@ -122,6 +122,11 @@ TEST(ProfileRead, KeyListStopsAtNextHeaderAndFallsBackToDefault) {
     EXPECT_STREQ(buffer, "dflt");
     EXPECT_EQ(GetPrivateProfileString("Empty", nullptr, "dflt", buffer, 64, path.c_str()), 4u);
     EXPECT_STREQ(buffer, "dflt");
+    // An unclosed header names no section but still ends the one before it.
+    std::string broken = dir.write("b.ini", "[S]\na=1\n[Broken\nb=2\n");
+    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 64, broken.c_str()), 1u);
+    EXPECT_EQ(bytes(buffer, 3), bytes("a\0", 3));
+    EXPECT_EQ(GetPrivateProfileString("S", "b", "none", buffer, 64, broken.c_str()), 4u);
 }
 
 TEST(ProfileRead, WhitespaceOnlyLineRepeatsThePreviousKey) {

@@ -51,6 +51,8 @@ TEST_F(ProfileWrite, ReplacesInsertsAndAppends) {
     EXPECT_EQ(change("[S]\na=1", "T", "x", "9", 1), "[S]\na=1\n[T]\nx=9\n");
     // Only the first section of a name is changed.
     EXPECT_EQ(change("[S]\na=1\n[S]\nb=1\n", "S", "b", "2", 1), "[S]\na=1\nb=2\n[S]\nb=1\n");
+    // Inside the section an unclosed header ends it like any other.
+    EXPECT_EQ(change("[S]\na=1\n[Broken\n", "S", "b", "2", 1), "[S]\na=1\nb=2\n[Broken\n");
 }
 
 TEST_F(ProfileWrite, EveryLineIsRewrittenTrimmed) {
