@@ -5,7 +5,7 @@ namespace devctrl_tool {
 namespace {
 
 class FamiliesCommand : public Command {
-public:
+  public:
     std::string name() const override { return "families"; }
     std::string summary() const override { return "List the loaded families in natural order"; }
     void configure(CLI::App& command) override {
@@ -22,7 +22,7 @@ public:
         return 0;
     }
 
-private:
+  private:
     using StringList = tarn::vyxpn::StringList;
     bool m_withObsolete = false;
     bool m_ascOnly = false;
