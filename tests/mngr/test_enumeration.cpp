@@ -104,16 +104,18 @@ TEST(MngrEnumeration, BaseQueriesReadThePartModelLists) {
     EXPECT_TRUE(out.empty());
 }
 
+// PM codes of its own: the family/PM name caches live for the whole process,
+// so reusing the sample data's codes would leak answers into other tests.
 TEST(MngrEnumeration, FamiliesWithPassingPartsAppendedAndSorted) {
     devctrl_test::TempDir dir;
-    writeBaseFamily(dir, "zr1a00", "ZR12X", "P");
-    writeBaseFamily(dir, "zr2a00", "ZR4X", "O");  // every part obsolete
-    writeBaseFamily(dir, "zr3a00", "ZR4X", "P");  // the same family name again
+    writeBaseFamily(dir, "en1a00", "ZR12X", "P");
+    writeBaseFamily(dir, "en2a00", "ZR4X", "O");  // every part obsolete
+    writeBaseFamily(dir, "en3a00", "ZR4X", "P");  // the same family name again
     devctrl_test::DataDirScope scope(dir.path());
     TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
     // A family name selects its first PM only, so the second PM of ZR4X is
     // loaded by hand.
-    ASSERT_TRUE(mngr.loadDeviceInfo("zr3a00", true));
+    ASSERT_TRUE(mngr.loadDeviceInfo("en3a00", true));
     ASSERT_EQ(mngr.getFamilyFiles().size(), 3u);
 
     Strings out{"ZR5X"};
@@ -127,8 +129,8 @@ TEST(MngrEnumeration, FamiliesWithPassingPartsAppendedAndSorted) {
     EXPECT_TRUE(out.empty()) << "no part has ASC capacity";
 
     // The generated lists go through the same natural ordering.
-    mngr.getSpeeds("zr1a00", "ZR12", "BG100", out, false, false);
+    mngr.getSpeeds("en1a00", "ZR12", "BG100", out, false, false);
     EXPECT_EQ(out, (Strings{"6", "7", "8", "12"}));
-    mngr.getOperations("zr1a00", "ZR12", "BG100", "8", out, false, false);
+    mngr.getOperations("en1a00", "ZR12", "BG100", "8", out, false, false);
     EXPECT_EQ(out, (Strings{"COM", "IND"})) << "generation uses the family's own conditions";
 }
