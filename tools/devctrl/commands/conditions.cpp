@@ -16,32 +16,23 @@ class ConditionsCommand : public Command {
         command.add_option("DEVICE", m_device, "Device name")->required();
         command.add_option("PACKAGE", m_package, "Package name")->required();
         command.add_option("SPEED", m_speed, "Speed grade")->required();
-        command.add_flag("--all", m_withObsolete, "Count obsolete parts too");
-        command.add_flag("--asc-only", m_ascOnly, "Count only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer("Conditions are the words COM, IND and AUTO as the part table holds them.");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
-        tarn::vyxpn::StringList known;
-        mngr.getDevices(pm, known, true, false);
-        requireListed("device", m_device, known, pm);
-        known.clear();
-        mngr.getPackages(pm, m_device, known, true, false);
-        requireListed("package", m_package, known, pm);
-        known.clear();
-        mngr.getSpeeds(pm, m_device, m_package, known, true, false);
-        requireListed("speed grade", m_speed, known, pm);
+        requireSelection(mngr, pm, m_device, &m_package, &m_speed);
         tarn::vyxpn::StringList conditions;
-        mngr.getOperations(pm, m_device, m_package, m_speed, conditions, m_withObsolete, m_ascOnly);
+        mngr.getOperations(pm, m_device, m_package, m_speed, conditions, m_filters.withObsolete,
+                           m_filters.ascOnly);
         context.out.list(conditions);
         return 0;
     }
 
   private:
     std::string m_pm, m_device, m_package, m_speed;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace

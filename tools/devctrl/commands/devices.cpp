@@ -11,23 +11,21 @@ class DevicesCommand : public Command {
     std::string summary() const override { return "List the devices of a PM in natural order"; }
     void configure(CLI::App& command) override {
         command.add_option("PM", m_pm, "PM code or family name")->required();
-        command.add_flag("--all", m_withObsolete, "Count obsolete parts too");
-        command.add_flag("--asc-only", m_ascOnly, "Count only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer("A device is listed when at least one of its parts passes the filters.");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
         tarn::vyxpn::StringList devices;
-        mngr.getDevices(pm, devices, m_withObsolete, m_ascOnly);
+        mngr.getDevices(pm, devices, m_filters.withObsolete, m_filters.ascOnly);
         context.out.list(devices);
         return 0;
     }
 
   private:
     std::string m_pm;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace

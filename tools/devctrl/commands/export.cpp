@@ -23,8 +23,7 @@ class ExportCommand : public Command {
     }
     void configure(CLI::App& command) override {
         command.add_option("PM", m_pm, "PM code or family name (default: every loaded PM)");
-        command.add_flag("--all", m_withObsolete, "Include obsolete parts");
-        command.add_flag("--asc-only", m_ascOnly, "Only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer(
             "Always JSON: the families, and per PM its family, devices, packages per device, "
             "speeds per device and package, conditions per device, package and speed, and its "
@@ -57,7 +56,8 @@ class ExportCommand : public Command {
         out << ",\n  \"pms\": {";
         bool first = true;
         for (const std::string& pm : pms) {
-            FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_withObsolete, m_ascOnly);
+            FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_filters.withObsolete,
+                            m_filters.ascOnly);
             out << (first ? "\n    " : ",\n    ");
             first = false;
             writeJsonString(out, pm);
@@ -72,9 +72,9 @@ class ExportCommand : public Command {
   private:
     bool hasPassingPart(TarnDeviceMngr& mngr, const TarnSDSFile& file) const {
         for (const auto& entry : file.m_genericDevices.m_datas) {
-            if (!m_withObsolete && file.isObsDevice(entry.first))
+            if (!m_filters.withObsolete && file.isObsDevice(entry.first))
                 continue;
-            if (m_ascOnly && !mngr.enableASC(entry.first))
+            if (m_filters.ascOnly && !mngr.enableASC(entry.first))
                 continue;
             return true;
         }
@@ -82,8 +82,7 @@ class ExportCommand : public Command {
     }
 
     std::string m_pm;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace

@@ -127,4 +127,22 @@ void requireListed(const std::string& kind, const std::string& name,
     throw ToolError(unknownNameMessage(kind, name, near.best(), where));
 }
 
+void requireSelection(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& pm,
+                      const std::string& device, const std::string* package,
+                      const std::string* speed) {
+    tarn::vyxpn::StringList known;
+    mngr.getDevices(pm, known, true, false);
+    requireListed("device", device, known, pm);
+    if (!package)
+        return;
+    known.clear();
+    mngr.getPackages(pm, device, known, true, false);
+    requireListed("package", *package, known, pm);
+    if (!speed)
+        return;
+    known.clear();
+    mngr.getSpeeds(pm, device, *package, known, true, false);
+    requireListed("speed grade", *speed, known, pm);
+}
+
 }  // namespace devctrl_tool

@@ -52,4 +52,11 @@ void requireKnownPart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part
 void requireListed(const std::string& kind, const std::string& name,
                    const std::vector<std::string>& known, const std::string& where);
 
+// Checks a device, and then a package and a speed grade when given, against
+// what the PM lists (obsolete parts included), level by level, with
+// suggestions at the first level that does not know the name.
+void requireSelection(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& pm,
+                      const std::string& device, const std::string* package = nullptr,
+                      const std::string* speed = nullptr);
+
 }  // namespace devctrl_tool

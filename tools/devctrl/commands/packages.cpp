@@ -14,8 +14,7 @@ class PackagesCommand : public Command {
     void configure(CLI::App& command) override {
         command.add_option("PM", m_pm, "PM code or family name")->required();
         command.add_option("DEVICE", m_device, "Device name")->required();
-        command.add_flag("--all", m_withObsolete, "Count obsolete parts too");
-        command.add_flag("--asc-only", m_ascOnly, "Count only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer(
             "A package is listed when at least one part of the device in it passes the "
             "filters. Packages sort by their last number (pin count) first.");
@@ -23,19 +22,16 @@ class PackagesCommand : public Command {
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
-        tarn::vyxpn::StringList known;
-        mngr.getDevices(pm, known, true, false);
-        requireListed("device", m_device, known, pm);
+        requireSelection(mngr, pm, m_device);
         tarn::vyxpn::StringList packages;
-        mngr.getPackages(pm, m_device, packages, m_withObsolete, m_ascOnly);
+        mngr.getPackages(pm, m_device, packages, m_filters.withObsolete, m_filters.ascOnly);
         context.out.list(packages);
         return 0;
     }
 
   private:
     std::string m_pm, m_device;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace

@@ -40,8 +40,7 @@ class PartsCommand : public Command {
         command.add_option("--speed", m_speed, "Only parts of this speed grade");
         command.add_option("--condition", m_condition,
                            "Only parts of this condition: C, I, A/E or COM, IND, AUTO");
-        command.add_flag("--all", m_withObsolete, "Include obsolete parts");
-        command.add_flag("--asc-only", m_ascOnly, "Only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer("Example: devctrl parts zr1a00 'ZR12-*BG*' --speed 6 --condition C");
     }
     int run(Context& context) override {
@@ -51,7 +50,7 @@ class PartsCommand : public Command {
         const tarn::vyxpn::TarnSDSFile& file = *mngr.getFamilyFile(pm);
 
         tarn::vyxpn::StringList parts, selected;
-        mngr.getAllPartsByPM(pm, parts, m_withObsolete, m_ascOnly);
+        mngr.getAllPartsByPM(pm, parts, m_filters.withObsolete, m_filters.ascOnly);
         for (const std::string& part : parts) {
             if (!matchesPattern(part))
                 continue;
@@ -91,8 +90,7 @@ class PartsCommand : public Command {
 
     std::string m_pm, m_device, m_package, m_speed, m_condition;
     std::vector<std::string> m_patterns;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace
