@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "platform/pm_database.h"
@@ -50,13 +52,13 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
         delete loaded->second;
         m_familyFiles.erase(loaded);
     }
-    auto* file = new TarnSDSFile(pm, this);
+    // Owned until stored: a range error out of bad data must not leak it.
+    auto file = std::make_unique<TarnSDSFile>(pm, this);
     if (file->init()) {
-        m_familyFiles[pm] = file;
+        m_familyFiles[pm] = file.release();
         return true;
     }
     diagTrace(("TarnDeviceMngr failed to load " + pm + " device information.").c_str(), nullptr);
-    delete file;
     return false;
 }
 

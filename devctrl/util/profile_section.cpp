@@ -52,7 +52,11 @@ extern "C" unsigned int GetPrivateProfileSection(const char* section, char* buff
         char value[kValueSize] = {};
         GetPrivateProfileString(section, key, "", value, kValueSize, path);
         size_t valueLength = strlen(value);
-        if (written + valueLength >= limit) {
+        // An empty value still takes one place, so it needs that room too;
+        // without it the entry's NUL would land past the limit and the next
+        // key would find less than no room left.
+        size_t valueRoom = valueLength == 0 ? 1 : valueLength;
+        if (written + valueRoom >= limit) {
             memcpy(buffer + written, value, size - written - 2);
             return closeAt(size - 2);
         }

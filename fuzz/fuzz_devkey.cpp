@@ -1,0 +1,85 @@
+// The keyed data reader ("device.acd", "family.key"): parsing, walking every
+// key with each separator pair the loaders use, and the part-model record
+// built from a "family.key".
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "devctrl/mngr/device_mngr.h"
+#include "platform/pm_devkey.h"
+#include "platform/pm_record_reader.h"
+#include "support/fuzz_support.h"
+
+namespace {
+
+// The keys the loaders ask for, and a few the input itself defines (the text
+// before '=' of its first lines), so that arbitrary keys get walked too.
+std::vector<std::string> keysToWalk(std::string_view text) {
+    std::vector<std::string> keys{
+        "FAMILY",         "DEVICES",         "PACKAGES",      "SPEEDS",    "PM_ENABLE", "PKG_ALIAS",
+        "RESOURCE_ITMES", "RESOURCE_LABELS", "PACKAGE_DATAS", "ASC_DATAS", ""};
+    for (int taken = 0; taken < 16 && !text.empty(); ++taken) {
+        std::size_t newline = text.find('\n');
+        std::string_view line = text.substr(0, newline);
+        std::size_t equals = line.find('=');
+        if (equals != std::string_view::npos) {
+            std::string_view key = line.substr(0, equals);
+            while (!key.empty() && (key.front() == ' ' || key.front() == '\t'))
+                key.remove_prefix(1);
+            while (!key.empty() && (key.back() == ' ' || key.back() == '\t'))
+                key.remove_suffix(1);
+            keys.emplace_back(key);
+        }
+        if (newline == std::string_view::npos)
+            break;
+        text.remove_prefix(newline + 1);
+    }
+    return keys;
+}
+
+std::size_t walk(const PM_DEVKEY& keys, const std::string& key, char recordSeparator,
+                 char fieldSeparator) {
+    std::size_t bytes = 0;
+    for (PM_DEVKEY_KEYITER it(&keys, key.c_str(), recordSeparator, fieldSeparator, 0); it.record();
+         it.setupNextIAndJ()) {
+        for (; it.field(); it.advanceToNextJ())
+            bytes += std::string_view(it.field()).size();
+        it.advanceToNextJ();  // past the end: must stay harmless
+    }
+    return bytes;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    devctrl_fuzz::silenceTraces();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string_view text(reinterpret_cast<const char*>(data), size);
+    PM_DEVKEY keys = PM_DEVKEY::fromText(text, "fuzz.acd");
+
+    volatile std::size_t sink = 0;
+    for (const std::string& key : keysToWalk(text)) {
+        sink = sink + walk(keys, key, ':', ',');
+        sink = sink + walk(keys, key, ':', 0);
+        sink = sink + walk(keys, key, ',', 0);
+        std::vector<std::string> members;
+        sink = sink +
+               static_cast<std::size_t>(tarn::vyxpn::g_getMemerItems(keys, key.c_str(), members));
+    }
+
+    // The same bytes as a PM's "family.key", read from a file like the
+    // part-model database does.
+    std::string path = devctrl_fuzz::writeScratchFile("zr9f00/family.key", text);
+    PM_RECORD record =
+        tarn::vyxpn::util::readPmRecord("zr9f00", devctrl_fuzz::scratchDir() + "/zr9f00", path);
+    for (const PM_DEVICE_RECORD& device : record.devices)
+        for (const PM_PACKAGE_RECORD& package : device.packages)
+            sink = sink + package.speeds.size();
+    return 0;
+}

@@ -1,0 +1,103 @@
+// The INI readers on a fuzzed file: the section list, each section's key list
+// and entries, each value and number, with buffers of exactly the size the
+// call is told (so that any write past the end is caught), and the text
+// helpers on the file's lines.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "devctrl/util/profile.h"
+#include "support/fuzz_support.h"
+
+namespace {
+
+// Every file read is a whole pass over the file; these keep a run fast while
+// still reaching the cut and the roomy cases of each call.
+constexpr std::size_t kNameLimit = 6;
+constexpr unsigned kSizes[] = {1, 2, 5, 1024};
+constexpr unsigned kSectionSizes[] = {1, 2, 5, 64, 9000};
+
+// The names of a NUL-separated list ending in a double NUL, at most `limit`.
+std::vector<std::string> namesOf(const char* list, unsigned length, std::size_t limit) {
+    std::vector<std::string> names;
+    for (unsigned at = 0; at < length && names.size() < limit;) {
+        std::string name(list + at);
+        at += static_cast<unsigned>(name.size()) + 1;
+        names.push_back(name);
+    }
+    return names;
+}
+
+// A zeroed buffer of exactly `size` bytes on the heap.
+std::unique_ptr<char[]> zeroed(unsigned size) {
+    return std::unique_ptr<char[]>(new char[size == 0 ? 1 : size]());
+}
+
+void readTextHelpers(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        std::vector<char> copy(line.c_str(), line.c_str() + line.size() + 1);
+        rmtrail(copy.data());
+        rmlead(copy.data());
+        rmquotes(copy.data());
+        rmbrackets(copy.data());
+        char token[16];
+        const char* rest = copy.data();
+        for (int steps = 0; rest && steps < 64; ++steps)
+            rest = stptok(rest, token, sizeof token, "=,; \t");
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    devctrl_fuzz::silenceTraces();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string path = devctrl_fuzz::writeScratchFile(
+        "read.ini", std::string_view(reinterpret_cast<const char*>(data), size));
+    const char* file = path.c_str();
+
+    auto sections = zeroed(8192);
+    unsigned length =
+        GetPrivateProfileString(nullptr, nullptr, nullptr, sections.get(), 8192, file);
+    for (unsigned small : kSizes) {
+        auto buffer = zeroed(small);
+        GetPrivateProfileString(nullptr, nullptr, "d", buffer.get(), small, file);
+    }
+
+    std::vector<std::string> sectionNames = namesOf(sections.get(), length, kNameLimit);
+    sectionNames.push_back("absent section");
+    for (const std::string& section : sectionNames) {
+        auto keys = zeroed(8192);
+        unsigned keyLength =
+            GetPrivateProfileString(section.c_str(), nullptr, "", keys.get(), 8192, file);
+        for (unsigned small : kSizes) {
+            auto buffer = zeroed(small);
+            GetPrivateProfileString(section.c_str(), nullptr, "default", buffer.get(), small, file);
+        }
+        for (unsigned small : kSectionSizes) {
+            auto entries = zeroed(small);
+            GetPrivateProfileSection(section.c_str(), entries.get(), small, file);
+        }
+
+        std::vector<std::string> keyNames = namesOf(keys.get(), keyLength, kNameLimit);
+        keyNames.push_back("absent key");
+        for (const std::string& key : keyNames) {
+            for (unsigned small : kSizes) {
+                auto value = zeroed(small);
+                GetPrivateProfileString(section.c_str(), key.c_str(), "\"quoted default\"",
+                                        value.get(), small, file);
+            }
+            GetPrivateProfileInt(section.c_str(), key.c_str(), -7, file);
+        }
+    }
+
+    readTextHelpers(devctrl_fuzz::splitLines(data, size, 64));
+    return 0;
+}
