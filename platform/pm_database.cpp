@@ -3,7 +3,12 @@
 //   at least one non-empty FAMILY name.
 // - A data directory that is missing or unreadable gives an empty database.
 //   When DEVCTRL_DATA_DIR names a directory that does not exist, buildMe()
-//   traces one line naming it; the built-in locations fall back silently.
+//   traces one line naming it; the built-in locations fall back silently. A
+//   data directory that exists but cannot be listed is traced wherever its
+//   path came from.
+// - A subdirectory with a "device.acd" or a "<pm>.pwd" but no readable
+//   "family.key", or whose "family.key" names no family, is traced (one line
+//   naming the file) and skipped; other subdirectories are skipped silently.
 // - Within DEVICES, PACKAGES and SPEEDS, empty names are skipped and a name
 //   given twice for the same owner is kept once (the first time).
 // - Condition letters after '/' in a grade are read in either case.
@@ -25,6 +30,17 @@ namespace fs = std::filesystem;
 
 PM_DATABASE* PM_DATABASE::_database = nullptr;
 
+namespace {
+
+// A directory holding a device table or a part data file of its own name.
+bool looksLikeFamily(const std::string& directory, const std::string& code) {
+    std::error_code ignored;
+    return fs::exists(directory + "/device.acd", ignored) ||
+           fs::exists(directory + "/" + code + ".pwd", ignored);
+}
+
+}  // namespace
+
 const PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) const {
     for (const PM_DEVICE_RECORD& device : devices)
         if (device.name == name)
@@ -38,8 +54,11 @@ PM_DATABASE* PM_DATABASE::buildMe() {
         std::string path = dataDir.absolutePath().toStdString();
         // A data directory the user named explicitly but that is not there is
         // worth one line; the default locations fall back silently.
+        // (Something that is there but is no readable directory is reported
+        // by the constructor, wherever the path came from.)
         const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");
-        if (fromEnv && *fromEnv && !dataDir.exists())
+        std::error_code ignored;
+        if (fromEnv && *fromEnv && !fs::exists(path, ignored))
             diagTrace("data directory does not exist:", path.c_str());
         _database = new PM_DATABASE(path);
     }
@@ -60,17 +79,37 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
         if (it->is_directory(ignored))
             codes.push_back(it->path().filename().string());
     }
+    if (error) {
+        // A missing directory is buildMe's to report (or a silent fallback);
+        // one that is there but cannot be listed is always worth a line.
+        std::error_code ignored;
+        if (fs::exists(root, ignored)) {
+            std::string message =
+                "data directory cannot be read: " + root.string() + " (" + error.message() + ")";
+            diagTrace(message.c_str(), nullptr);
+        }
+    }
     std::sort(codes.begin(), codes.end());
 
     for (const std::string& code : codes) {
         std::string directory = (root / code).string();
         std::string keyFile = directory + "/family.key";
         std::error_code ignored;
-        if (!fs::is_regular_file(keyFile, ignored))
+        if (!fs::is_regular_file(keyFile, ignored)) {
+            // Any directory may sit in the data directory; only one that
+            // holds a family's other files is a family missing its key data.
+            if (looksLikeFamily(directory, code)) {
+                std::string message = keyFile + ": missing; family directory skipped";
+                diagTrace(message.c_str(), nullptr);
+            }
             continue;
+        }
         PM_RECORD record = tarn::vyxpn::util::readPmRecord(code, directory, keyFile);
-        if (record.familyNames.empty())
+        if (record.familyNames.empty()) {
+            std::string message = keyFile + ": no FAMILY name; family directory skipped";
+            diagTrace(message.c_str(), nullptr);
             continue;  // not an installed PM
+        }
         m_byPm.emplace(code, m_pms.size());
         m_pms.push_back(std::move(record));
     }

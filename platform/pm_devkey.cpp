@@ -5,6 +5,7 @@
 // - A line continues when its last character other than blanks and tabs is a
 //   backslash, so invisible trailing blanks do not break a list.
 // - A NUL byte ends the content of its line; the rest of that line is ignored.
+//   The first such line is traced (once per file).
 // - "= value" is a key named "" rather than a malformed line.
 // - A malformed line is reported with the number of its first physical line.
 
@@ -78,17 +79,23 @@ class LineReader {
         line = std::string_view(start, length);
         if (!line.empty() && line.back() == '\r')
             line.remove_suffix(1);
-        if (const void* nul = std::memchr(line.data(), '\0', line.size()))
+        if (const void* nul = std::memchr(line.data(), '\0', line.size())) {
             line = line.substr(0, static_cast<const char*>(nul) - line.data());
+            if (m_firstNulLine == 0)
+                m_firstNulLine = m_lineNumber;
+        }
         return true;
     }
 
     std::size_t lineNumber() const { return m_lineNumber; }
+    // The first line that held a NUL byte, or 0.
+    std::size_t firstNulLine() const { return m_firstNulLine; }
 
   private:
     std::string_view m_text;
     std::size_t m_pos = 0;
     std::size_t m_lineNumber = 0;
+    std::size_t m_firstNulLine = 0;
 };
 
 // A line continues on the next one when its last character that is not a
@@ -176,5 +183,11 @@ void PM_DEVKEY::parse(std::string_view text) {
         std::string_view key = trimBlanksAndTabs(logical.substr(0, equals));
         std::string_view value = trimBlanksAndTabs(logical.substr(equals + 1));
         m_values.insert_or_assign(std::string(key), std::string(value));
+    }
+    // Reported once per file: a file with one stray NUL usually has many.
+    if (lines.firstNulLine() != 0) {
+        std::string message = m_path + ":" + std::to_string(lines.firstNulLine()) +
+                              ": NUL byte; the rest of the line is ignored";
+        diagTrace(message.c_str(), nullptr);
     }
 }

@@ -35,7 +35,7 @@ TEST(ManagerLifecycle, LoadsEveryPmAndDropsTheBrokenOnes) {
     writePm(dir, "lc1a00", "LCA");
     writePm(dir, "lc2a00", "LCB", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
     writePm(dir, "lc3a00", "LCC", "PM_ENABLE = true\n");  // no package aliases
-    dir.write("lc4a00/device.acd", kGoodAcd);               // no family.key: not installed
+    dir.write("lc4a00/device.acd", kGoodAcd);  // no family.key: not installed, and said so
     DataDirScope scope(dir.path());
     TraceCapture traces;
 
@@ -45,7 +45,9 @@ TEST(ManagerLifecycle, LoadsEveryPmAndDropsTheBrokenOnes) {
     Strings loaded;
     for (const auto& entry : mngr->getFamilyFiles()) loaded.push_back(entry.first);
     EXPECT_EQ(loaded, Strings{"lc1a00"});
-    EXPECT_EQ(traces.lines(), (Strings{"Failed to load device.acd of lc2a00",
+    EXPECT_EQ(traces.lines(), (Strings{dir.file("lc4a00/family.key") +
+                                           ": missing; family directory skipped",
+                                       "Failed to load device.acd of lc2a00",
                                        "TarnDeviceMngr failed to load lc2a00 device information.",
                                        "Failed to load device.acd of lc3a00",
                                        "TarnDeviceMngr failed to load lc3a00 device information."}));

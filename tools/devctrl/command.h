@@ -33,6 +33,11 @@ struct Context {
     Output& out;
     // The loaded manager; created on first call.
     tarn::vyxpn::TarnDeviceMngr& mngr();
+    // What the command is working on ("part ZR4-6BG100C", "family ZR1 (PM
+    // zr1a00)"), named when bad installed data stop it. Set from the
+    // command's arguments; a command that walks several families or parts
+    // may update it as it goes.
+    std::string subject;
 };
 
 // The --all and --asc-only flags of the commands that list parts or their

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -19,13 +21,18 @@ std::map<std::string, std::unique_ptr<Command>>& registry() {
     return commands;
 }
 
-// Shows one line that counts the families as they load, when a person is
+// Counts the families as they load (the manager announces each one with a
+// progress message, in PM order), and shows the count when a person is
 // watching standard error.
+int announced = 0;
+
 void installProgress() {
-    if (!isatty(STDERR_FILENO))
-        return;
-    setGuiMsgHandler([count = 0](const char*) mutable {
-        std::cerr << "\rdevctrl: loading family " << ++count << std::flush;
+    announced = 0;
+    const bool show = isatty(STDERR_FILENO);
+    setGuiMsgHandler([show](const char*) {
+        ++announced;
+        if (show)
+            std::cerr << "\rdevctrl: loading family " << announced << std::flush;
     });
 }
 
@@ -33,6 +40,41 @@ void clearProgress() {
     if (isatty(STDERR_FILENO))
         std::cerr << "\r\033[K" << std::flush;
     setGuiMsgHandler(nullptr);
+}
+
+// "family ZR1 (PM zr1a00)" for the family the manager was loading when it
+// had announced `count` families.
+std::string familyLoadedAs(int count) {
+    tarn::vyxpn::StringList pms;
+    tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
+    if (count < 1 || static_cast<std::size_t>(count) > pms.size())
+        return "loading the families";
+    const std::string& pm = pms[static_cast<std::size_t>(count) - 1];
+    std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(pm);
+    return "family " + (family.empty() ? pm : family + " (PM " + pm + ")");
+}
+
+// What a command's arguments say it works on: its first part, PM or family
+// argument, looked for in the chosen subcommand and the subcommand it chose.
+std::string subjectOf(const CLI::App& command) {
+    for (const CLI::Option* option : command.get_options()) {
+        if (!option->get_positional() || option->count() == 0)
+            continue;
+        std::string name = option->get_name();
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        const std::string value = option->results().front();
+        if (name == "part" || name == "name")
+            return "part " + value;
+        if (name == "pm")
+            return "PM " + value;
+        if (name == "family")
+            return "family " + value;
+    }
+    for (const CLI::App* nested : command.get_subcommands())
+        if (nested->parsed())
+            return subjectOf(*nested);
+    return "";
 }
 }  // namespace
 
@@ -51,7 +93,15 @@ std::vector<Command*> CommandRegistry::all() {
 tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
     if (!tarn::vyxpn::TarnDeviceMngr::m_pMngr) {
         installProgress();
-        tarn::vyxpn::TarnDeviceMngr::getInstance();
+        try {
+            tarn::vyxpn::TarnDeviceMngr::getInstance();
+        } catch (...) {
+            // Bad data of one family stopped the load: that family is what
+            // the user must look at, whatever the command was about.
+            clearProgress();
+            subject = familyLoadedAs(announced);
+            throw;
+        }
         clearProgress();
     }
     return *tarn::vyxpn::TarnDeviceMngr::getInstance();
@@ -100,16 +150,22 @@ int main(int argc, char** argv) {
         setDiagTraceHandler([](const char*, const char*) {});
 
     Output out(json);
-    Context context{out};
+    Context context{out, ""};
     try {
-        for (auto& [sub, command] : bySubcommand)
-            if (sub->parsed())
-                return command->run(context);
+        for (auto& [sub, command] : bySubcommand) {
+            if (!sub->parsed())
+                continue;
+            context.subject = subjectOf(*sub);
+            return command->run(context);
+        }
     } catch (const ToolError& e) {
         std::cerr << "devctrl: " << e.what() << '\n';
         return e.status();
     } catch (const std::exception& e) {
-        std::cerr << "devctrl: error in the installed data: " << e.what() << '\n';
+        // A range error from rows shorter than their columns, or anything
+        // else the data provoked: one line that says where to look.
+        std::cerr << "devctrl: " << (context.subject.empty() ? "" : context.subject + ": ")
+                  << "error in the installed data: " << e.what() << '\n';
         return 3;
     }
     return 0;

@@ -56,6 +56,7 @@ class ExportCommand : public Command {
         out << ",\n  \"pms\": {";
         bool first = true;
         for (const std::string& pm : pms) {
+            context.subject = "PM " + pm;
             FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_filters.withObsolete,
                             m_filters.ascOnly);
             out << (first ? "\n    " : ",\n    ");
