@@ -26,11 +26,11 @@ TarnSDSFile* makeFamily(TarnDeviceMngr& mngr, bool withCondition = true) {
             cells.erase(cells.begin() + 4);
         parts.m_datas[part] = cells;
     };
-    row("ZR12-6BG100C", {"ZR12", "6", "BG100", "BG100", "C", ""});
-    row("ZR12-7BG100C", {"ZR12", "7", "BG100", "BG100", "C", ""});
-    row("ZR12-6BG100CTR", {"ZR12", "6", "BG100", "BG100", "C", "TR"});
-    row("ZR12-6BG100CES", {"ZR12", "6", "BG100", "BG100", "C", "ES"});
-    row("ZR4-5QF48I", {"ZR4", "5", "QF48", "QF48", "I", "HV"});
+    row("ZR12-6BG100C", {"ZR12", "6", "BG100", "BG100", "COM", ""});
+    row("ZR12-7BG100C", {"ZR12", "7", "BG100", "BG100", "COM", ""});
+    row("ZR12-6BG100CTR", {"ZR12", "6", "BG100", "BG100", "COM", "TR"});
+    row("ZR12-6BG100CES", {"ZR12", "6", "BG100", "BG100", "COM", "ES"});
+    row("ZR4-5QF48I", {"ZR4", "5", "QF48", "QF48", "IND", "HV"});
     return file;
 }
 
@@ -39,18 +39,18 @@ TarnSDSFile* makeFamily(TarnDeviceMngr& mngr, bool withCondition = true) {
 TEST(PartNames, GetPartNameMatchesWithoutCaseAndTakesTheFirstInKeyOrder) {
     TarnDeviceMngr mngr;
     mngr.adoptFamilyFile(makeFamily(mngr));
-    EXPECT_EQ(mngr.getPartName("zr1a00", "zr4", "qf48", "5", "i"), "ZR4-5QF48I");
+    EXPECT_EQ(mngr.getPartName("zr1a00", "zr4", "qf48", "5", "ind"), "ZR4-5QF48I");
     // Suffix-only variants: "ZR12-6BG100C" sorts before "...CES" and "...CTR".
-    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "6", "C"), "ZR12-6BG100C");
-    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "7", "c"), "ZR12-7BG100C");
-    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "6", "I"), "");
-    EXPECT_EQ(mngr.getPartName("zr9z99", "ZR12", "BG100", "6", "C"), "");
+    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "6", "COM"), "ZR12-6BG100C");
+    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "7", "Com"), "ZR12-7BG100C");
+    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR12", "BG100", "6", "IND"), "");
+    EXPECT_EQ(mngr.getPartName("zr9z99", "ZR12", "BG100", "6", "COM"), "");
 }
 
 TEST(PartNames, GetPartNameNeedsTheConditionColumn) {
     TarnDeviceMngr mngr;
     mngr.adoptFamilyFile(makeFamily(mngr, false));
-    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR4", "QF48", "5", "I"), "");
+    EXPECT_EQ(mngr.getPartName("zr1a00", "ZR4", "QF48", "5", "IND"), "");
 }
 
 TEST(PartNames, InnerNameIgnoresSpeedAndConditionAndKeepsTheSuffix) {

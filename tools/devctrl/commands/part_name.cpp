@@ -15,7 +15,10 @@ class PartNameCommand : public Command {
         command.add_option("DEVICE", m_device, "Device name")->required();
         command.add_option("PACKAGE", m_package, "Package name")->required();
         command.add_option("SPEED", m_speed, "Speed grade")->required();
-        command.add_option("CONDITION", m_condition, "Condition letter (C, I, A, ...)")->required();
+        command
+            .add_option("CONDITION", m_condition,
+                        "Condition as 'conditions' lists it (COM, IND, AUTO)")
+            ->required();
         command.footer(
             "Fields are matched without regard to case. When several parts differ only in "
             "their suffix, the one whose name sorts first is printed.");
