@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 
@@ -85,11 +86,26 @@ void printGenerated(const TarnSDSFileSection& section, const char* heading) {
         std::cout << key << " = " << join(values, ", ") << "\n";
 }
 
+// A target that is a symbolic link is written through the link, as opening
+// it would, instead of having the link replaced by a plain file.
+std::string resolveLink(const std::string& path) {
+    struct stat link;
+    if (lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode))
+        return path;
+    char* resolved = realpath(path.c_str(), nullptr);
+    if (!resolved)
+        return path;
+    std::string target = resolved;
+    free(resolved);
+    return target;
+}
+
 }  // namespace
 
 void TarnSDSFile::writeSDS(std::string path) const {
     // The file is written beside the target and moved into place only when
     // complete, so a failed write never leaves a truncated file behind.
+    path = resolveLink(path);
     std::string temporary = reserveTemporaryBeside(path);
     if (temporary.empty())
         return;

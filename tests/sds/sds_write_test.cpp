@@ -83,6 +83,17 @@ TEST(SdsWrite, EmptyTablesAndReplacingAnOldFile) {
     EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"out.sds"}));
 }
 
+TEST(SdsWrite, WritesThroughASymbolicLink) {
+    devctrl_test::TempDir dir;
+    std::string real = dir.write("real.sds", "old");
+    fs::create_symlink(real, dir.file("link.sds"));
+    TarnSDSFile family("zr1a00", nullptr);
+    family.writeSDS(dir.file("link.sds"));
+    EXPECT_TRUE(fs::is_symlink(dir.file("link.sds")));
+    EXPECT_EQ(devctrl_test::readFile(real).rfind("[Device Support]\n", 0), 0u);
+    EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"link.sds", "real.sds"}));
+}
+
 TEST(SdsWrite, UnwritableTargetsLeaveNothingBehind) {
     devctrl_test::TempDir dir;
     TarnSDSFile family("zr1a00", nullptr);
