@@ -3,6 +3,7 @@
 // numbers. Both are "less than" predicates for std::sort despite their names.
 
 #include <string>
+#include <vector>
 
 namespace tarn::vyxpn {
 
@@ -15,5 +16,12 @@ bool STRgreater(const std::string& a, const std::string& b);
 // Packages: the last digit run of each name decides first (pin count), then
 // the characters.
 bool PKGSTRgreater(std::string a, std::string b);
+
+// Sort with the orderings above. Neither is a strict weak ordering for every
+// input (a number can outrank a letter seen earlier), and introsort may step
+// outside the range under such a comparator; merge sort never does, and for
+// consistent input it gives what any sort gives.
+void sortNatural(std::vector<std::string>& list);
+void sortPackages(std::vector<std::string>& list);
 
 }  // namespace tarn::vyxpn

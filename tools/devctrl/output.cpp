@@ -15,14 +15,15 @@ QJsonArray toJsonArray(const std::vector<std::string>& list) {
 }
 
 static void printJson(const QJsonValue& value) {
-    // QJsonDocument holds only objects and arrays; wrap scalars and unwrap.
-    QJsonArray holder{value};
-    QByteArray text = QJsonDocument(holder).toJson(QJsonDocument::Indented);
-    if (value.isArray() || value.isObject()) {
-        text = value.isArray() ? QJsonDocument(value.toArray()).toJson(QJsonDocument::Indented)
-                               : QJsonDocument(value.toObject()).toJson(QJsonDocument::Indented);
+    QByteArray text;
+    if (value.isArray()) {
+        text = QJsonDocument(value.toArray()).toJson(QJsonDocument::Indented);
+    } else if (value.isObject()) {
+        text = QJsonDocument(value.toObject()).toJson(QJsonDocument::Indented);
     } else {
-        text = QJsonDocument(holder).toJson(QJsonDocument::Compact);
+        // A document holds only arrays and objects: write the scalar inside
+        // one and take the brackets off.
+        text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
         text = text.mid(1, text.size() - 2) + "\n";
     }
     std::cout << text.toStdString();

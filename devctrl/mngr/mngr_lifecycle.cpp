@@ -1,0 +1,75 @@
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "platform/pm_database.h"
+#include "platform/ut_trace.h"
+
+namespace tarn::vyxpn {
+
+TarnDeviceMngr* TarnDeviceMngr::m_pMngr = nullptr;
+
+TarnDeviceMngr::TarnDeviceMngr() = default;
+
+TarnDeviceMngr::~TarnDeviceMngr() {
+    reset();
+    // The part-model database goes with the manager, so the next manager
+    // reads the data directory afresh (a process may switch directories).
+    delete PM_DATABASE::_database;
+    PM_DATABASE::_database = nullptr;
+    if (m_pMngr == this) m_pMngr = nullptr;
+}
+
+TarnDeviceMngr* TarnDeviceMngr::getInstance() {
+    if (m_pMngr) return m_pMngr;
+    // Published before loading: a family that asks for the manager while it
+    // loads must get this one, not start a second.
+    m_pMngr = new TarnDeviceMngr();
+    m_pMngr->init();
+    return m_pMngr;
+}
+
+void TarnDeviceMngr::init() {
+    reset();
+    StringList pms;
+    baseGetAllPMs(pms);
+    for (const auto& pm : pms) {
+        ut_guimsg("...");
+        loadDeviceInfo(pm, true);
+    }
+}
+
+void TarnDeviceMngr::reset() {
+    for (auto& entry : m_familyFiles) delete entry.second;
+    m_familyFiles.clear();
+}
+
+bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
+    auto loaded = m_familyFiles.find(pm);
+    if (loaded != m_familyFiles.end()) {
+        if (!reload) return true;
+        // No rollback: a failed reload leaves the PM unloaded.
+        delete loaded->second;
+        m_familyFiles.erase(loaded);
+    }
+    auto* file = new TarnSDSFile(pm, this);
+    if (file->init()) {
+        m_familyFiles[pm] = file;
+        return true;
+    }
+    diagTrace(("TarnDeviceMngr failed to load " + pm + " device information.").c_str(), nullptr);
+    delete file;
+    return false;
+}
+
+TarnSDSFile* TarnDeviceMngr::getFamilyFile(const std::string& pm) const {
+    auto found = m_familyFiles.find(pm);
+    return found == m_familyFiles.end() ? nullptr : found->second;
+}
+
+void TarnDeviceMngr::adoptFamilyFile(TarnSDSFile* file) {
+    if (!file) return;
+    auto& slot = m_familyFiles[file->m_pm];
+    if (slot != file) delete slot;
+    slot = file;
+}
+
+}  // namespace tarn::vyxpn

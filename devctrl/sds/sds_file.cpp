@@ -1,0 +1,78 @@
+#include "devctrl/sds/sds_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+
+#include "platform/pm_pic.h"
+#include "platform/ut_trace.h"
+
+namespace tarn::vyxpn {
+
+TarnSDSFile::TarnSDSFile(std::string pm, TarnDeviceMngr* mngr)
+    : m_pm(std::move(pm)), m_pDeviceMngr(mngr) {}
+
+TarnSDSFile::~TarnSDSFile() { resetAll(); }
+
+void TarnSDSFile::reset() {
+    m_pkgAlias.clear();
+    m_resourceItems.clear();
+    m_resourceLabels.clear();
+    m_partExceptions.clear();
+    m_deviceExceptions.clear();
+    m_packageExceptions.clear();
+    m_pmSection.clear();
+    m_deviceSection.clear();
+    m_packageSection.clear();
+    m_partSection.clear();
+    m_ascTypes.clear();
+    m_ascSection.clear();
+    m_ascResourceItems.clear();
+    m_defaultASC.clear();
+}
+
+void TarnSDSFile::resetAll() {
+    reset();
+    m_genericDevices.clear();
+    m_deviceInfo.clear();
+}
+
+namespace {
+
+// The directory of the family's part data file, ending in a separator. Either
+// separator counts as already there, so paths of both conventions pass.
+std::string partDataDirectory(const std::string& partDataPath) {
+    QString directory = QFileInfo(QFile::decodeName(partDataPath.c_str())).absoluteDir().absolutePath();
+    if (!directory.endsWith(QChar('/'), Qt::CaseSensitive) &&
+        !directory.endsWith(QChar('\\'), Qt::CaseSensitive))
+        directory.append(QChar('/'));
+    return QFile::encodeName(directory).toStdString();
+}
+
+}  // namespace
+
+bool TarnSDSFile::init() {
+    resetAll();
+    if (!loadDeviceAcd()) {
+        diagTrace(("Failed to load device.acd of " + m_pm).c_str(), nullptr);
+        return false;
+    }
+
+    std::string partDataPath;
+    {
+        PM_PIC pic(nullptr, nullptr, nullptr, 0);
+        pic.set_pm(m_pm.c_str(), 0);
+        if (const char* path = pic.getDataFilePath(1, ".pwd", 0, 1)) partDataPath = path;
+    }
+    if (!partDataPath.empty()) {
+        std::string directory = partDataDirectory(partDataPath);
+        if (loadPWD_Bin(m_pm, directory.c_str(), m_resourceItems) != 0)
+            diagTrace(("Failed to load pdb file of " + m_pm).c_str(), nullptr);
+    }
+
+    buildDatabase();
+    return true;
+}
+
+}  // namespace tarn::vyxpn

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <algorithm>
+
+#include "support/test_env.h"
+
+using devctrl_test::runTool;
+using devctrl_test::TempDir;
+
+namespace {
+
+int lineCount(const std::string& text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+}
+
+// True for one JSON value of any kind (wrapped, since the parser wants an
+// array or object at the top).
+bool isJson(const std::string& text) {
+    QJsonParseError error;
+    QJsonDocument::fromJson(QByteArray::fromStdString("[" + text + "]"), &error);
+    return error.error == QJsonParseError::NoError;
+}
+
+struct SmallInstall {
+    TempDir dir;
+    SmallInstall() {
+        dir.write("tb1a00/family.key", "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
+                                       "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
+        dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n");
+        dir.write("tb2a00/family.key", "FAMILY = TBOFF\nDEVICES = TB9\n");
+        dir.write("tb2a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
+    }
+    std::string data() const { return "--data " + dir.path() + " "; }
+};
+
+}  // namespace
+
+TEST(ToolBasics, EmptyDataDirectoryListsNothing) {
+    TempDir empty;
+    std::string out, err;
+    EXPECT_EQ(runTool("--data " + empty.path() + " families", &out, &err), 0);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err, "");
+    EXPECT_EQ(runTool("--json --data " + empty.path() + " families", &out), 0);
+    EXPECT_EQ(out, "[\n]\n");
+}
+
+TEST(ToolBasics, UsageErrorsAreOneLineAndNonZero) {
+    std::string out, err;
+    EXPECT_NE(runTool("no-such-command", &out, &err), 0);
+    EXPECT_EQ(lineCount(err), 1) << err;
+    EXPECT_NE(runTool("key zr1a00", &out, &err), 0) << "missing argument";
+    EXPECT_EQ(lineCount(err), 1) << err;
+    EXPECT_NE(runTool("", &out, &err), 0) << "no command";
+    EXPECT_EQ(lineCount(err), 1) << err;
+}
+
+TEST(ToolBasics, HelpForTheToolAndEachCommand) {
+    std::string out;
+    EXPECT_EQ(runTool("--help", &out), 0);
+    for (const char* command : {"families", "pms", "family-of", "pm-of", "key", "default-device"}) {
+        EXPECT_NE(out.find(command), std::string::npos) << command;
+        std::string help;
+        EXPECT_EQ(runTool(std::string(command) + " --help", &help), 0) << command;
+        EXPECT_NE(help.find("Usage"), std::string::npos) << command;
+    }
+}
+
+TEST(ToolBasics, CatalogueCommandsAndTraces) {
+    SmallInstall install;
+    std::string out, err;
+    EXPECT_EQ(runTool(install.data() + "pms", &out, &err), 0);
+    EXPECT_EQ(out, "tb1a00\ntb1a00\ntb2a00\n") << "TBALT, TBF and TBOFF, in that order";
+    EXPECT_EQ(runTool(install.data() + "pms --loaded", &out, &err), 0);
+    EXPECT_EQ(out, "tb1a00\n");
+    EXPECT_NE(err.find("devctrl: Failed to load device.acd of tb2a00\n"), std::string::npos)
+        << err;
+    EXPECT_NE(err.find("devctrl: TarnDeviceMngr failed to load tb2a00 device information.\n"),
+              std::string::npos);
+
+    EXPECT_EQ(runTool(install.data() + "-q pms --loaded", &out, &err), 0);
+    EXPECT_EQ(err, "") << "-q silences the load traces";
+
+    EXPECT_EQ(runTool(install.data() + "pm-of tbalt", &out), 0);
+    EXPECT_EQ(out, "tb1a00\n");
+    EXPECT_EQ(runTool(install.data() + "family-of tb1a00", &out), 0);
+    EXPECT_EQ(out, "TBF\n");
+    EXPECT_EQ(runTool(install.data() + "key tb1a00 PACKAGES", &out), 0);
+    EXPECT_EQ(out, "TB4, QF48\n");
+
+    EXPECT_EQ(runTool(install.data() + "pm-of NOPE", &out, &err), 1);
+    EXPECT_EQ(err, "devctrl: unknown family 'NOPE' (see 'devctrl families')\n");
+    EXPECT_EQ(runTool(install.data() + "key tb1a00 NOPE", &out, &err), 1);
+    EXPECT_EQ(err, "devctrl: PM 'tb1a00' has no key 'NOPE'\n");
+    EXPECT_EQ(runTool(install.data() + "key nopm FAMILY", &out, &err), 1);
+    EXPECT_EQ(lineCount(err), 1);
+}
+
+TEST(ToolBasics, JsonOnEveryCommandIsValid) {
+    SmallInstall install;
+    for (const char* args : {"families", "pms", "pm-of TBF", "family-of tb1a00",
+                             "key tb1a00 DEVICES", "default-device"}) {
+        std::string out;
+        EXPECT_EQ(runTool("-q --json " + install.data() + args, &out), 0) << args;
+        EXPECT_TRUE(isJson(out)) << args << ": " << out;
+    }
+}
