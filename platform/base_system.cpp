@@ -1,0 +1,45 @@
+#include <dlfcn.h>
+
+#include <QFileInfo>
+#include <cstdlib>
+
+#include "platform/base_settings.h"
+
+namespace {
+
+// Any function of this library: dladdr on it names the loaded library file.
+void libraryAnchor() {}
+
+// The sample data installed beside the library (<lib>/../share/devctrl/data),
+// or an empty string when the library does not sit in an installed tree.
+QString installedDataDir() {
+    Dl_info info{};
+    if (!dladdr(reinterpret_cast<void*>(&libraryAnchor), &info) || !info.dli_fname)
+        return {};
+    QFileInfo library(QString::fromLocal8Bit(info.dli_fname));
+    // Both the path the library was loaded by and its resolved location count,
+    // so a library reached through a symbolic link still finds its tree.
+    for (const QString& libDir :
+         {library.absolutePath(), QFileInfo(library.canonicalFilePath()).absolutePath()}) {
+        if (libDir.isEmpty())
+            continue;
+        QString candidate = QDir::cleanPath(libDir + QStringLiteral("/" DEVCTRL_LIB_TO_DATA));
+        if (QFileInfo(candidate).isDir())
+            return candidate;
+    }
+    return {};
+}
+
+}  // namespace
+
+QDir BaseSystem::getDataPath() {
+    // An empty DEVCTRL_DATA_DIR counts as unset rather than as the current
+    // directory, which is never what a user means.
+    const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");
+    if (fromEnv && *fromEnv)
+        return QDir(QString::fromLocal8Bit(fromEnv));
+    QString installed = installedDataDir();
+    if (!installed.isEmpty())
+        return QDir(installed);
+    return QDir(QStringLiteral(DEVCTRL_SOURCE_DATA_DIR));
+}

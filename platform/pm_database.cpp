@@ -1,0 +1,101 @@
+// The part-model database. Choices the data layout leaves open, settled here:
+// - Only subdirectories are candidate PMs; one counts when its family.key has
+//   at least one non-empty FAMILY name.
+// - A data directory that is missing or unreadable gives an empty database.
+//   When DEVCTRL_DATA_DIR names a directory that does not exist, buildMe()
+//   traces one line naming it; the built-in locations fall back silently.
+// - Within DEVICES, PACKAGES and SPEEDS, empty names are skipped and a name
+//   given twice for the same owner is kept once (the first time).
+// - Condition letters after '/' in a grade are read in either case.
+
+#include "platform/pm_database.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/base_settings.h"
+#include "platform/pm_record_reader.h"
+#include "platform/ut_trace.h"
+
+namespace fs = std::filesystem;
+
+PM_DATABASE* PM_DATABASE::_database = nullptr;
+
+const PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) const {
+    for (const PM_DEVICE_RECORD& device : devices)
+        if (device.name == name)
+            return &device;
+    return nullptr;
+}
+
+PM_DATABASE* PM_DATABASE::buildMe() {
+    if (!_database) {
+        QDir dataDir = BaseSystem::getDataPath();
+        std::string path = dataDir.absolutePath().toStdString();
+        // A data directory the user named explicitly but that is not there is
+        // worth one line; the default locations fall back silently.
+        const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");
+        if (fromEnv && *fromEnv && !dataDir.exists())
+            diagTrace("data directory does not exist:", path.c_str());
+        _database = new PM_DATABASE(path);
+    }
+    return _database;
+}
+
+PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
+    std::error_code error;
+    fs::path root = fs::absolute(dataPath, error).lexically_normal();
+    if (error)
+        return;
+
+    // Directory entries come in no particular order; PM codes are sorted
+    // byte-wise so that every walk over the PMs is reproducible.
+    std::vector<std::string> codes;
+    for (fs::directory_iterator it(root, error), end; !error && it != end; it.increment(error)) {
+        std::error_code ignored;
+        if (it->is_directory(ignored))
+            codes.push_back(it->path().filename().string());
+    }
+    std::sort(codes.begin(), codes.end());
+
+    for (const std::string& code : codes) {
+        std::string directory = (root / code).string();
+        std::string keyFile = directory + "/family.key";
+        std::error_code ignored;
+        if (!fs::is_regular_file(keyFile, ignored))
+            continue;
+        PM_RECORD record = tarn::vyxpn::util::readPmRecord(code, directory, keyFile);
+        if (record.familyNames.empty())
+            continue;  // not an installed PM
+        m_byPm.emplace(code, m_pms.size());
+        m_pms.push_back(std::move(record));
+    }
+}
+
+const PM_RECORD* PM_DATABASE::findPm(const char* pm, unsigned int /*flags*/) const {
+    if (!pm)
+        return nullptr;
+    auto found = m_byPm.find(pm);
+    return found == m_byPm.end() ? nullptr : &m_pms[found->second];
+}
+
+const PM_RECORD* PM_DATABASE::findFamily(const char* family) const {
+    if (!family)
+        return nullptr;
+    for (const PM_RECORD& record : m_pms)
+        for (const std::string& name : record.familyNames)
+            if (strcasecmp(name.c_str(), family) == 0)
+                return &record;
+    return nullptr;
+}
+
+std::vector<std::string> PM_DATABASE::installedFamilies() const {
+    std::vector<std::string> families;
+    for (const PM_RECORD& record : m_pms)
+        families.insert(families.end(), record.familyNames.begin(), record.familyNames.end());
+    return families;
+}

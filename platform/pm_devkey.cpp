@@ -1,0 +1,180 @@
+// Reader of keyed data files. Choices the file format leaves open, settled
+// here:
+// - A comment line never continues, even when it ends with a backslash; a
+//   continuation line that looks like a comment is value text.
+// - A line continues when its last character other than blanks and tabs is a
+//   backslash, so invisible trailing blanks do not break a list.
+// - A NUL byte ends the content of its line; the rest of that line is ignored.
+// - "= value" is a key named "" rather than a malformed line.
+// - A malformed line is reported with the number of its first physical line.
+
+#include "platform/pm_devkey.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include "platform/pm_pic.h"
+#include "platform/pm_text.h"
+#include "platform/ut_trace.h"
+
+using tarn::vyxpn::util::isBlankOrTab;
+using tarn::vyxpn::util::trimBlanksAndTabs;
+
+namespace {
+
+// The whole content of a regular file, or nothing when it cannot be read.
+// One read into an uninitialised buffer sized from fstat keeps large
+// catalogues cheap to load.
+struct FileContent {
+    std::unique_ptr<char[]> bytes;
+    std::size_t size = 0;
+    std::string_view view() const { return {bytes.get(), size}; }
+};
+
+FileContent readWholeFile(const char* path) {
+    FileContent content;
+    int fd = ::open(path, O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return content;
+    struct stat info {};
+    if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && info.st_size > 0) {
+        std::size_t capacity = static_cast<std::size_t>(info.st_size);
+        content.bytes.reset(new char[capacity]);
+        while (content.size < capacity) {
+            ssize_t got = ::read(fd, content.bytes.get() + content.size, capacity - content.size);
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got <= 0)
+                break;  // error, or the file shrank meanwhile: keep what was read
+            content.size += static_cast<std::size_t>(got);
+        }
+    }
+    ::close(fd);
+    return content;
+}
+
+// Splits text into physical lines: LF or CRLF ends a line, and a NUL byte
+// ends the usable content of its line (the rest up to the newline is dropped).
+class LineReader {
+  public:
+    explicit LineReader(std::string_view text) : m_text(text) {}
+
+    bool next(std::string_view& line) {
+        if (m_pos >= m_text.size())
+            return false;
+        const char* start = m_text.data() + m_pos;
+        std::size_t left = m_text.size() - m_pos;
+        const void* newline = std::memchr(start, '\n', left);
+        std::size_t length = newline ? static_cast<const char*>(newline) - start : left;
+        m_pos += newline ? length + 1 : length;
+        ++m_lineNumber;
+
+        line = std::string_view(start, length);
+        if (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
+        if (const void* nul = std::memchr(line.data(), '\0', line.size()))
+            line = line.substr(0, static_cast<const char*>(nul) - line.data());
+        return true;
+    }
+
+    std::size_t lineNumber() const { return m_lineNumber; }
+
+  private:
+    std::string_view m_text;
+    std::size_t m_pos = 0;
+    std::size_t m_lineNumber = 0;
+};
+
+// A line continues on the next one when its last character that is not a
+// blank or tab is a backslash; trailing blanks after it are forgiven because
+// they are invisible in an editor. Strips the backslash (and what follows).
+bool stripContinuation(std::string_view& line) {
+    std::size_t end = line.size();
+    while (end > 0 && isBlankOrTab(line[end - 1]))
+        --end;
+    if (end == 0 || line[end - 1] != '\\')
+        return false;
+    line = line.substr(0, end - 1);
+    return true;
+}
+
+}  // namespace
+
+PM_DEVKEY::PM_DEVKEY(const char* path, unsigned char /*flags*/) {
+    if (!path)
+        return;
+    m_path = path;
+    parse(readWholeFile(path).view());
+}
+
+PM_DEVKEY::PM_DEVKEY(const char* fileName, const PM_PIC_HDL& family, unsigned char, unsigned char,
+                     unsigned char) {
+    if (!fileName)
+        return;
+    if (!family.valid()) {
+        m_path = fileName;
+        return;
+    }
+    m_path = family.directory() + "/" + fileName;
+    parse(readWholeFile(m_path.c_str()).view());
+}
+
+PM_DEVKEY PM_DEVKEY::fromText(std::string_view text, const std::string& sourceName) {
+    PM_DEVKEY keys;
+    keys.m_path = sourceName;
+    keys.parse(text);
+    return keys;
+}
+
+const char* PM_DEVKEY::getkeyeddata(const char* key) const {
+    if (!key)
+        return nullptr;
+    auto found = m_values.find(key);
+    return found == m_values.end() ? nullptr : found->second.c_str();
+}
+
+void PM_DEVKEY::parse(std::string_view text) {
+    LineReader lines(text);
+    std::string_view line;
+    std::string joined;  // only used when a line has continuations
+    while (lines.next(line)) {
+        std::size_t firstLineNumber = lines.lineNumber();
+        std::string_view content = trimBlanksAndTabs(line);
+        if (content.empty() || content.front() == '#')
+            continue;
+
+        // Continuation lines are rare; the common case stays a view into the
+        // file buffer and costs no copy until the value is stored.
+        std::string_view logical = line;
+        if (stripContinuation(logical)) {
+            joined.assign(logical.data(), logical.size());
+            std::string_view more;
+            bool continues = true;
+            while (continues && lines.next(more)) {
+                // Trimmed like any line, except that blanks written before a
+                // further backslash separate words and so are kept.
+                std::string_view piece = trimBlanksAndTabs(more);
+                continues = stripContinuation(piece);
+                joined.append(piece.data(), piece.size());
+            }
+            logical = joined;
+        }
+
+        std::size_t equals = logical.find('=');
+        if (equals == std::string_view::npos) {
+            std::string message = m_path + ":" + std::to_string(firstLineNumber) +
+                                  ": malformed line skipped (no '=')";
+            diagTrace(message.c_str(), nullptr);
+            continue;
+        }
+        std::string_view key = trimBlanksAndTabs(logical.substr(0, equals));
+        std::string_view value = trimBlanksAndTabs(logical.substr(equals + 1));
+        m_values.insert_or_assign(std::string(key), std::string(value));
+    }
+}

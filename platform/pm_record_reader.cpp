@@ -1,0 +1,137 @@
+#include "platform/pm_record_reader.h"
+
+#include <algorithm>
+#include <memory>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "platform/pm_text.h"
+
+namespace tarn::vyxpn::util {
+
+namespace {
+
+// Every record of `key`, each as its list of fields.
+std::vector<std::vector<std::string>> readRecords(const PM_DEVKEY& keys, const char* key) {
+    std::vector<std::vector<std::string>> records;
+    PM_DEVKEY_KEYITER it(&keys, key, ':', ',');
+    for (; it.record(); it.setupNextIAndJ()) {
+        std::vector<std::string>& fields = records.emplace_back();
+        for (; it.field(); it.advanceToNextJ())
+            fields.emplace_back(it.field());
+    }
+    return records;
+}
+
+// The non-empty members of the ','-separated list `key`, first occurrence
+// only: a name listed twice would otherwise be offered twice.
+std::vector<std::string> readNameList(const PM_DEVKEY& keys, const char* key) {
+    std::vector<std::string> names;
+    std::unordered_set<std::string_view> seen;  // views into the iterator's records
+    PM_DEVKEY_KEYITER it(&keys, key, ',', 0);
+    for (; it.record(); it.setupNextIAndJ()) {
+        std::string_view name = it.record();
+        if (!name.empty() && seen.insert(name).second)
+            names.emplace_back(name);
+    }
+    return names;
+}
+
+PM_PACKAGE_RECORD* findPackage(PM_DEVICE_RECORD& device, const std::string& name) {
+    for (PM_PACKAGE_RECORD& package : device.packages)
+        if (package.name == name)
+            return &package;
+    return nullptr;
+}
+
+// Device lookup by name for the PACKAGES and SPEEDS records, so that large
+// families do not cost a scan of DEVICES per record.
+class DeviceIndex {
+  public:
+    explicit DeviceIndex(std::vector<PM_DEVICE_RECORD>& devices) : m_devices(devices) {
+        for (std::size_t i = 0; i < devices.size(); ++i)
+            m_index.emplace(devices[i].name, i);
+    }
+    PM_DEVICE_RECORD* find(const std::string& name) const {
+        auto found = m_index.find(name);
+        return found == m_index.end() ? nullptr : &m_devices[found->second];
+    }
+
+  private:
+    std::vector<PM_DEVICE_RECORD>& m_devices;
+    std::unordered_map<std::string, std::size_t> m_index;
+};
+
+// PACKAGES records: device, package, package, ...
+void addPackages(const DeviceIndex& devices, const PM_DEVKEY& keys) {
+    for (const std::vector<std::string>& fields : readRecords(keys, "PACKAGES")) {
+        if (fields.empty())
+            continue;
+        PM_DEVICE_RECORD* device = devices.find(fields[0]);
+        if (!device)
+            continue;  // not in DEVICES
+        for (std::size_t i = 1; i < fields.size(); ++i)
+            if (!fields[i].empty() && !findPackage(*device, fields[i]))
+                device->packages.push_back(PM_PACKAGE_RECORD{fields[i], {}});
+    }
+}
+
+// SPEEDS records: device, package, grade, grade, ...
+void addSpeeds(const DeviceIndex& devices, const PM_DEVKEY& keys) {
+    for (const std::vector<std::string>& fields : readRecords(keys, "SPEEDS")) {
+        if (fields.size() < 2)
+            continue;
+        PM_DEVICE_RECORD* device = devices.find(fields[0]);
+        PM_PACKAGE_RECORD* package = device ? findPackage(*device, fields[1]) : nullptr;
+        if (!package)
+            continue;  // device or package not declared
+        for (std::size_t i = 2; i < fields.size(); ++i) {
+            PM_SPEED_RECORD speed = parseSpeedGrade(fields[i]);
+            if (speed.grade.empty())
+                continue;
+            auto same = [&](const PM_SPEED_RECORD& s) { return s.grade == speed.grade; };
+            if (std::none_of(package->speeds.begin(), package->speeds.end(), same))
+                package->speeds.push_back(std::move(speed));
+        }
+    }
+}
+
+}  // namespace
+
+PM_SPEED_RECORD parseSpeedGrade(const std::string& text) {
+    PM_SPEED_RECORD speed;
+    std::size_t slash = text.find('/');
+    speed.grade = std::string(trimBlanksAndTabs(std::string_view(text).substr(0, slash)));
+    if (slash == std::string::npos)
+        return speed;  // both conditions
+    speed.conditionFlags = 0;
+    for (std::size_t i = slash + 1; i < text.size(); ++i) {
+        if (text[i] == 'C' || text[i] == 'c')
+            speed.conditionFlags |= PM_COND_COMMERCIAL;
+        if (text[i] == 'I' || text[i] == 'i')
+            speed.conditionFlags |= PM_COND_INDUSTRIAL;
+    }
+    return speed;
+}
+
+PM_RECORD readPmRecord(const std::string& pm, const std::string& directory,
+                       const std::string& keyFile) {
+    PM_RECORD record;
+    auto keys = std::make_shared<const PM_DEVKEY>(keyFile.c_str());
+    record.familyNames = readNameList(*keys, "FAMILY");
+    if (record.familyNames.empty())
+        return record;
+
+    record.pm = pm;
+    record.directory = directory;
+    record.familyName = UT_STROBJ(record.familyNames.front());
+    for (std::string& name : readNameList(*keys, "DEVICES"))
+        record.devices.push_back(PM_DEVICE_RECORD{std::move(name), {}});
+    DeviceIndex devices(record.devices);
+    addPackages(devices, *keys);
+    addSpeeds(devices, *keys);
+    record.keys = std::move(keys);
+    return record;
+}
+
+}  // namespace tarn::vyxpn::util

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/pm_pic.h"
+#include "support/test_env.h"
+
+using devctrl_test::DataDirScope;
+using devctrl_test::TempDir;
+
+namespace {
+
+std::vector<std::string> namesOf(const PM_NAME_DARRAY& array) {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < array.size(); ++i)
+        names.push_back(array[i].getstring(0));
+    return names;
+}
+
+// Two PMs; "zq" sorts before "zr1a00" byte-wise.
+class PmPic : public ::testing::Test {
+  protected:
+    PmPic() {
+        m_data.write("zr1a00/family.key",
+                     "FAMILY = ZR1, ZR1L\n"
+                     "DEVICES = ZR4, ZR12\n"
+                     "PACKAGES = ZR4, QF48, BG100 : ZR12, BG100\n"
+                     "SPEEDS = ZR4, QF48, 6/CI, 7/C : ZR12, BG100, 8/I\n");
+        m_data.write("zr1a00/zr1a00.pwd", "[[Device Info]]\n");
+        m_data.write("zq/family.key", "FAMILY = ZQ\n");
+    }
+
+    TempDir m_data;
+    DataDirScope m_scope{m_data.path()};
+};
+
+}  // namespace
+
+TEST_F(PmPic, SelectsPmByCodeOrFamily) {
+    PM_PIC pic(nullptr, nullptr, nullptr, 0);
+    EXPECT_EQ(pic.getPmName(0), nullptr);
+    EXPECT_TRUE(pic.set_pm("zr1a00", 0));
+    EXPECT_STREQ(pic.getPmName(0), "zr1a00");
+    EXPECT_TRUE(pic.setPmInternal("zr1l", 0));
+    EXPECT_STREQ(pic.getPmName(0), "zr1a00");
+    ASSERT_NE(pic.getPm(0), nullptr);
+    EXPECT_STREQ(pic.getPm(0)->familyName.getstring(0), "ZR1");
+
+    EXPECT_FALSE(pic.set_pm("ZR1A00", 0));  // codes are exact
+    EXPECT_EQ(pic.getPmName(0), nullptr);
+    EXPECT_EQ(pic.getPm(0), nullptr);
+    EXPECT_FALSE(pic.set_pm(nullptr, 0));
+}
+
+TEST_F(PmPic, ListsWhatTheSelectionOffers) {
+    PM_PIC pic(nullptr, nullptr, nullptr, 0);
+    EXPECT_EQ(namesOf(pic.makeInstalledArchList(0)),
+              (std::vector<std::string>{"ZQ", "ZR1", "ZR1L"}));
+    EXPECT_FALSE(pic.makeDeviceList(0));  // nothing selected: missing array
+    EXPECT_FALSE(pic.makePkgList(0));
+
+    ASSERT_TRUE(pic.set_pm("ZR1", 0));
+    EXPECT_EQ(namesOf(pic.makeDeviceList(0)), (std::vector<std::string>{"ZR4", "ZR12"}));
+    EXPECT_FALSE(pic.makePkgList(0));
+    ASSERT_TRUE(pic.set_device("ZR4"));
+    EXPECT_EQ(namesOf(pic.makePkgList(0)), (std::vector<std::string>{"QF48", "BG100"}));
+    ASSERT_TRUE(pic.set_package("QF48"));
+    EXPECT_EQ(namesOf(pic.makeSpdList(0)), (std::vector<std::string>{"6", "7"}));
+
+    // An unknown device clears the package chosen below it.
+    EXPECT_FALSE(pic.set_device("zr4"));
+    EXPECT_FALSE(pic.makePkgList(0));
+    EXPECT_FALSE(pic.makeSpdList(0));
+    EXPECT_FALSE(pic.set_package("QF48"));
+}
+
+TEST_F(PmPic, ConstructorSelectsAndSpeedRecordCarriesConditions) {
+    PM_PIC pic("zr1", "ZR4", "QF48", 0);
+    EXPECT_EQ(pic.getSpeedRecord(), nullptr);
+    EXPECT_FALSE(pic.set_speed("6/CI", 0));  // grades are named without conditions
+    ASSERT_TRUE(pic.set_speed("7", 0));
+    EXPECT_EQ(pic.getSpeedRecord()->conditionFlags, PM_COND_COMMERCIAL);
+
+    PM_PIC other("ZR1", "ZR12", "BG100", 0);
+    ASSERT_TRUE(other.set_speed("8", 0));
+    EXPECT_EQ(other.getSpeedRecord()->conditionFlags, PM_COND_INDUSTRIAL);
+
+    PM_PIC wrongPackage("ZR1", "ZR12", "QF48", 0);
+    EXPECT_STREQ(wrongPackage.getPmName(0), "zr1a00");
+    EXPECT_FALSE(wrongPackage.makeSpdList(0));
+    EXPECT_TRUE(wrongPackage.makePkgList(0));
+}
+
+TEST_F(PmPic, FindsDataFileOnlyWhenPresent) {
+    PM_PIC pic("ZR1", nullptr, nullptr, 0);
+    const char* path = pic.getDataFilePath(0, ".pwd", 0, 1);
+    ASSERT_NE(path, nullptr);
+    EXPECT_EQ(std::string(path), m_data.path() + "/zr1a00/zr1a00.pwd");
+    EXPECT_EQ(pic.getDataFilePath(0, ".acd", 0, 1), nullptr);
+
+    PM_PIC noFile("ZQ", nullptr, nullptr, 0);
+    EXPECT_EQ(noFile.getDataFilePath(0, ".pwd", 0, 1), nullptr);
+    PM_PIC unbound(nullptr, nullptr, nullptr, 0);
+    EXPECT_EQ(unbound.getDataFilePath(0, ".pwd", 0, 1), nullptr);
+}
