@@ -20,12 +20,12 @@ namespace devctrl_tool {
 // Thrown by a command for a failure the user should read: printed as one
 // line on standard error, exit status `status`.
 class ToolError : public std::runtime_error {
-public:
+  public:
     explicit ToolError(const std::string& message, int status = 1)
         : std::runtime_error(message), m_status(status) {}
     int status() const { return m_status; }
 
-private:
+  private:
     int m_status;
 };
 
@@ -35,8 +35,19 @@ struct Context {
     tarn::vyxpn::TarnDeviceMngr& mngr();
 };
 
+// The --all and --asc-only flags of the commands that list parts or their
+// fields: a value counts when at least one of its parts passes both.
+struct PartFilters {
+    bool withObsolete = false;
+    bool ascOnly = false;
+    void addTo(CLI::App& command) {
+        command.add_flag("--all", withObsolete, "Count obsolete parts too");
+        command.add_flag("--asc-only", ascOnly, "Count only parts that can use ASC chips");
+    }
+};
+
 class Command {
-public:
+  public:
     virtual ~Command() = default;
     virtual std::string name() const = 0;
     // One line for the command list.
@@ -49,7 +60,7 @@ public:
 };
 
 class CommandRegistry {
-public:
+  public:
     static bool add(std::unique_ptr<Command> command);
     // In name order.
     static std::vector<Command*> all();
@@ -59,8 +70,8 @@ public:
 
 #define DEVCTRL_CONCAT_INNER(a, b) a##b
 #define DEVCTRL_CONCAT(a, b) DEVCTRL_CONCAT_INNER(a, b)
-#define DEVCTRL_REGISTER_COMMAND(Type)                                           \
-    namespace {                                                                  \
-    const bool DEVCTRL_CONCAT(registered_, __LINE__) =                           \
-        ::devctrl_tool::CommandRegistry::add(std::make_unique<Type>());          \
+#define DEVCTRL_REGISTER_COMMAND(Type)                                  \
+    namespace {                                                         \
+    const bool DEVCTRL_CONCAT(registered_, __LINE__) =                  \
+        ::devctrl_tool::CommandRegistry::add(std::make_unique<Type>()); \
     }

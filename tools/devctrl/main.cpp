@@ -22,14 +22,16 @@ std::map<std::string, std::unique_ptr<Command>>& registry() {
 // Shows one line that counts the families as they load, when a person is
 // watching standard error.
 void installProgress() {
-    if (!isatty(STDERR_FILENO)) return;
+    if (!isatty(STDERR_FILENO))
+        return;
     setGuiMsgHandler([count = 0](const char*) mutable {
         std::cerr << "\rdevctrl: loading family " << ++count << std::flush;
     });
 }
 
 void clearProgress() {
-    if (isatty(STDERR_FILENO)) std::cerr << "\r\033[K" << std::flush;
+    if (isatty(STDERR_FILENO))
+        std::cerr << "\r\033[K" << std::flush;
     setGuiMsgHandler(nullptr);
 }
 }  // namespace
@@ -41,7 +43,8 @@ bool CommandRegistry::add(std::unique_ptr<Command> command) {
 
 std::vector<Command*> CommandRegistry::all() {
     std::vector<Command*> commands;
-    for (auto& entry : registry()) commands.push_back(entry.second.get());
+    for (auto& entry : registry())
+        commands.push_back(entry.second.get());
     return commands;
 }
 
@@ -58,10 +61,11 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
 
 int main(int argc, char** argv) {
     using namespace devctrl_tool;
-    CLI::App app{"devctrl: the device catalogue of the tool chain. Lists families, devices, "
-                 "packages, speed grades, conditions and parts, reads part settings and "
-                 "validates a choice.",
-                 "devctrl"};
+    CLI::App app{
+        "devctrl: the device catalogue of the tool chain. Lists families, devices, "
+        "packages, speed grades, conditions and parts, reads part settings and "
+        "validates a choice.",
+        "devctrl"};
     app.require_subcommand(1, 1);
     app.fallthrough();
     std::string dataDir;
@@ -84,19 +88,23 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
-        if (e.get_exit_code() == 0) return app.exit(e);
+        if (e.get_exit_code() == 0)
+            return app.exit(e);
         std::cerr << "devctrl: " << e.what() << " (see 'devctrl --help')\n";
         return 2;
     }
 
-    if (!dataDir.empty()) setenv("DEVCTRL_DATA_DIR", dataDir.c_str(), 1);
-    if (quiet) setDiagTraceHandler([](const char*, const char*) {});
+    if (!dataDir.empty())
+        setenv("DEVCTRL_DATA_DIR", dataDir.c_str(), 1);
+    if (quiet)
+        setDiagTraceHandler([](const char*, const char*) {});
 
     Output out(json);
     Context context{out};
     try {
         for (auto& [sub, command] : bySubcommand)
-            if (sub->parsed()) return command->run(context);
+            if (sub->parsed())
+                return command->run(context);
     } catch (const ToolError& e) {
         std::cerr << "devctrl: " << e.what() << '\n';
         return e.status();

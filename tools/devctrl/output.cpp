@@ -6,11 +6,14 @@
 
 namespace devctrl_tool {
 
-QString qs(const std::string& text) { return QString::fromStdString(text); }
+QString qs(const std::string& text) {
+    return QString::fromStdString(text);
+}
 
 QJsonArray toJsonArray(const std::vector<std::string>& list) {
     QJsonArray array;
-    for (const auto& item : list) array.append(qs(item));
+    for (const auto& item : list)
+        array.append(qs(item));
     return array;
 }
 
@@ -34,7 +37,8 @@ void Output::list(const std::vector<std::string>& items) {
         printJson(toJsonArray(items));
         return;
     }
-    for (const auto& item : items) std::cout << item << '\n';
+    for (const auto& item : items)
+        std::cout << item << '\n';
 }
 
 void Output::value(const std::string& text) {
@@ -45,22 +49,24 @@ void Output::value(const std::string& text) {
     std::cout << text << '\n';
 }
 
-void Output::pairs(const std::vector<std::pair<std::string, std::string>>& rows,
-                   bool keysUnique) {
+void Output::pairs(const std::vector<std::pair<std::string, std::string>>& rows, bool keysUnique) {
     if (m_json) {
         if (keysUnique) {
             QJsonObject object;
-            for (const auto& [key, value] : rows) object.insert(qs(key), qs(value));
+            for (const auto& [key, value] : rows)
+                object.insert(qs(key), qs(value));
             printJson(object);
         } else {
             QJsonArray array;
-            for (const auto& [key, value] : rows) array.append(QJsonArray{qs(key), qs(value)});
+            for (const auto& [key, value] : rows)
+                array.append(QJsonArray{qs(key), qs(value)});
             printJson(array);
         }
         return;
     }
     std::size_t width = 0;
-    for (const auto& row : rows) width = std::max(width, row.first.size());
+    for (const auto& row : rows)
+        width = std::max(width, row.first.size());
     for (const auto& [key, value] : rows)
         std::cout << key << std::string(width - key.size() + 2, ' ') << value << '\n';
 }

@@ -14,7 +14,7 @@ QJsonArray toJsonArray(const std::vector<std::string>& list);
 QString qs(const std::string& text);
 
 class Output {
-public:
+  public:
     explicit Output(bool json) : m_json(json) {}
     bool json() const { return m_json; }
 
@@ -29,7 +29,7 @@ public:
     // Anything else: `json` in JSON mode, `text` (printed as it stands) otherwise.
     void print(const QJsonValue& json, const std::string& text);
 
-private:
+  private:
     bool m_json;
 };
 

@@ -6,7 +6,7 @@ namespace devctrl_tool {
 namespace {
 
 class DefaultDeviceCommand : public Command {
-public:
+  public:
     std::string name() const override { return "default-device"; }
     std::string summary() const override {
         return "Print the user's default device from the settings store";
@@ -19,7 +19,8 @@ public:
     }
     int run(Context& context) override {
         std::string device = tarn::vyxpn::TarnDeviceMngr::getDefaultDevice();
-        if (context.out.json() || !device.empty()) context.out.value(device);
+        if (context.out.json() || !device.empty())
+            context.out.value(device);
         return 0;
     }
 };

@@ -5,27 +5,25 @@ namespace devctrl_tool {
 namespace {
 
 class FamiliesCommand : public Command {
-public:
+  public:
     std::string name() const override { return "families"; }
     std::string summary() const override { return "List the loaded families in natural order"; }
     void configure(CLI::App& command) override {
-        command.add_flag("--all", m_withObsolete, "Count obsolete parts too");
-        command.add_flag("--asc-only", m_ascOnly, "Count only parts that can use ASC chips");
+        m_filters.addTo(command);
         command.footer(
             "A family is listed when it loaded and at least one of its parts passes the "
             "filters.");
     }
     int run(Context& context) override {
         StringList families;
-        context.mngr().getAllFamilies(families, m_withObsolete, m_ascOnly);
+        context.mngr().getAllFamilies(families, m_filters.withObsolete, m_filters.ascOnly);
         context.out.list(families);
         return 0;
     }
 
-private:
+  private:
     using StringList = tarn::vyxpn::StringList;
-    bool m_withObsolete = false;
-    bool m_ascOnly = false;
+    PartFilters m_filters;
 };
 
 }  // namespace

@@ -5,7 +5,7 @@ namespace devctrl_tool {
 namespace {
 
 class FamilyOfCommand : public Command {
-public:
+  public:
     std::string name() const override { return "family-of"; }
     std::string summary() const override { return "Print the family name of a PM"; }
     void configure(CLI::App& command) override {
@@ -13,12 +13,13 @@ public:
     }
     int run(Context& context) override {
         std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(m_pm);
-        if (family.empty()) throw ToolError("unknown PM '" + m_pm + "' (see 'devctrl pms')");
+        if (family.empty())
+            throw ToolError("unknown PM '" + m_pm + "' (see 'devctrl pms')");
         context.out.value(family);
         return 0;
     }
 
-private:
+  private:
     std::string m_pm;
 };
 

@@ -9,7 +9,7 @@ namespace devctrl_tool {
 namespace {
 
 class KeyCommand : public Command {
-public:
+  public:
     std::string name() const override { return "key"; }
     std::string summary() const override {
         return "Print one key of a PM's part-model key data (family.key)";
@@ -31,7 +31,7 @@ public:
         return 0;
     }
 
-private:
+  private:
     std::string m_pm;
     std::string m_key;
 };

@@ -5,7 +5,7 @@ namespace devctrl_tool {
 namespace {
 
 class PmOfCommand : public Command {
-public:
+  public:
     std::string name() const override { return "pm-of"; }
     std::string summary() const override { return "Print the PM of a family"; }
     void configure(CLI::App& command) override {
@@ -19,7 +19,7 @@ public:
         return 0;
     }
 
-private:
+  private:
     std::string m_family;
 };
 

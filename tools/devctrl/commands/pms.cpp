@@ -5,7 +5,7 @@ namespace devctrl_tool {
 namespace {
 
 class PmsCommand : public Command {
-public:
+  public:
     std::string name() const override { return "pms"; }
     std::string summary() const override {
         return "List the part-model codes (PMs) of the installed families";
@@ -21,7 +21,8 @@ public:
     int run(Context& context) override {
         tarn::vyxpn::StringList pms;
         if (m_loadedOnly) {
-            for (const auto& entry : context.mngr().getFamilyFiles()) pms.push_back(entry.first);
+            for (const auto& entry : context.mngr().getFamilyFiles())
+                pms.push_back(entry.first);
         } else {
             tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
         }
@@ -29,7 +30,7 @@ public:
         return 0;
     }
 
-private:
+  private:
     bool m_loadedOnly = false;
 };
 

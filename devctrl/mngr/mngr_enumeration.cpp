@@ -1,0 +1,73 @@
+#include "devctrl/mngr/comparators.h"
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+
+namespace tarn::vyxpn {
+
+// The family lists in table order; users see every list in natural order.
+
+void TarnDeviceMngr::getDevices(const std::string& pm, StringList& out, bool withObsolete,
+                                bool ascOnly) {
+    const TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return;
+    file->getDevices(out, withObsolete, ascOnly);
+    sortNatural(out);
+}
+
+void TarnDeviceMngr::getPackages(const std::string& pm, const std::string& device, StringList& out,
+                                 bool withObsolete, bool ascOnly) {
+    const TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return;
+    file->getPackages(device, out, withObsolete, ascOnly);
+    sortPackages(out);
+}
+
+void TarnDeviceMngr::getSpeeds(const std::string& pm, const std::string& device,
+                               const std::string& package, StringList& out, bool withObsolete,
+                               bool ascOnly) {
+    const TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return;
+    file->getSpeeds(device, package, out, withObsolete, ascOnly);
+    sortNatural(out);
+}
+
+void TarnDeviceMngr::getOperations(const std::string& pm, const std::string& device,
+                                   const std::string& package, const std::string& speed,
+                                   StringList& out, bool withObsolete, bool ascOnly) {
+    const TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return;
+    file->getOperations(device, package, speed, out, withObsolete, ascOnly);
+    sortNatural(out);
+}
+
+void TarnDeviceMngr::getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete,
+                                     bool ascOnly) {
+    const TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return;
+    file->getAllParts(out, withObsolete, ascOnly);
+    sortNatural(out);
+}
+
+void TarnDeviceMngr::getAllFamilies(StringList& out, bool withObsolete, bool ascOnly) {
+    // A family shows only when at least one of its parts passes the filters;
+    // this is how obsolete-only and ASC-less families drop out of the list.
+    StringList parts;
+    for (const auto& [pm, file] : m_familyFiles) {
+        if (!file)
+            continue;
+        file->getAllParts(parts, withObsolete, ascOnly);
+        if (parts.empty())
+            continue;
+        const std::string family = basePmToFamily(pm);
+        if (!family.empty())
+            out.push_back(family);
+    }
+    sortNatural(out);
+}
+
+}  // namespace tarn::vyxpn

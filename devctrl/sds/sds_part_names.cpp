@@ -1,0 +1,91 @@
+#include <cctype>
+
+#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_utils.h"
+
+namespace tarn::vyxpn {
+
+namespace {
+// Automotive parts carry the letter E in their names; the condition column
+// still says AUTO.
+char partConditionLetter(char condition) {
+    return (condition == 'A' || condition == 'a') ? 'e' : condition;
+}
+}  // namespace
+
+std::string TarnSDSFile::getShortPackage(const std::string& device,
+                                         const std::string& package) const {
+    auto aliases = m_pkgAlias.find(package);
+    if (aliases == m_pkgAlias.end())
+        return package;
+    int index =
+        util::parseString<int>(internalGetDevPkgItemValue("PKGIndex", device, package, "0"));
+    if (index >= static_cast<int>(aliases->second.size()))
+        return package;
+    // A negative index wraps to a huge position and is refused by at(): bad
+    // data is reported, not papered over.
+    return aliases->second.at(static_cast<std::size_t>(index));
+}
+
+std::string TarnSDSFile::createPart(const std::string& device, const std::string& speed,
+                                    const std::string& package, char condition,
+                                    const std::string& suffix) const {
+    std::string part = device + "-" + speed + getShortPackage(device, package);
+    part += partConditionLetter(condition);
+    part += suffix;
+    return util::toUpper(part);
+}
+
+std::string TarnSDSFile::createInnerPart(std::string device, std::string /*speed*/,
+                                         std::string package, const std::string& suffix) const {
+    // The inner name is shared by every speed grade, hence the fixed "xx".
+    return util::toUpper(device + "-" + "xx" + getShortPackage(device, package) + suffix);
+}
+
+bool TarnSDSFile::getNameByPart(const std::string& part, std::string& device, std::string& package,
+                                std::string& speed, std::string& condition) const {
+    const int deviceColumn = m_genericDevices.columnOf("Device");
+    const int speedColumn = m_genericDevices.columnOf("Speed");
+    const int packageColumn = m_genericDevices.columnOf("Package");
+    const int conditionColumn = m_genericDevices.columnOf("Condition");
+    if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
+        return false;
+    auto row = m_genericDevices.m_datas.find(part);
+    if (row == m_genericDevices.m_datas.end())
+        return false;
+    // Range-checked on purpose: a short row is broken data and must not pass
+    // as an empty field.
+    const auto& cells = row->second;
+    const std::string& deviceCell = cells.at(deviceColumn);
+    const std::string& packageCell = cells.at(packageColumn);
+    const std::string& speedCell = cells.at(speedColumn);
+    const std::string& conditionCell = cells.at(conditionColumn);
+    device = deviceCell;
+    package = packageCell;
+    speed = speedCell;
+    condition = conditionCell;
+    return true;
+}
+
+bool TarnSDSFile::isObsDevice(const std::string& part) const {
+    const std::string status = getItemValue("Status", part, "");
+    if (status.empty())
+        return false;
+    return (DEVSTATUS_FLAGS::toDevStatusFlag(status) & DEVSTATUS_FLAGS::OBSOLETE) != 0;
+}
+
+std::string TarnSDSFile::getFullConditionName(char condition) {
+    switch (std::toupper(static_cast<unsigned char>(condition))) {
+        case 'I':
+            return "IND";
+        case 'C':
+            return "COM";
+        case 'A':
+            return "AUTO";
+        default:
+            return "";
+    }
+}
+
+}  // namespace tarn::vyxpn

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "devctrl/mngr/devstatus_flags.h"
+#include "sds/selection_fixture.h"
+
+using namespace tarn::vyxpn;
+using devctrl_test::makeSelectionFamily;
+
+TEST(MngrPartLookup, FirstPmInCodeOrderWinsAndCaseMatters) {
+    TarnDeviceMngr mngr;
+    // Adopted in reverse order: the map, not adoption order, decides.
+    TarnSDSFile& later = *makeSelectionFamily(mngr, "zr2a00");
+    later.m_genericDevices.m_datas["ZR12-6BG100C"][0] = "ZR12-LATER";
+    makeSelectionFamily(mngr, "zr1a00");
+
+    std::string pm = "p", device = "d", package = "k", speed = "s", condition = "c";
+    ASSERT_TRUE(mngr.getNameByPart("ZR12-6BG100C", pm, device, package, speed, condition));
+    EXPECT_EQ(pm, "zr1a00");
+    EXPECT_EQ(device, "ZR12");
+    EXPECT_EQ(package + "|" + speed + "|" + condition, "BG100|6|COM");
+
+    EXPECT_FALSE(mngr.getNameByPart("zr12-6bg100c", pm, device, package, speed, condition));
+    EXPECT_EQ(pm, "zr1a00") << "outputs untouched";
+    EXPECT_TRUE(mngr.exists("ZR9-6QF48C"));
+    EXPECT_FALSE(mngr.exists("ZR9-6QF48"));
+}
+
+TEST(MngrPartLookup, ItemValuesAndAscCapacity) {
+    TarnDeviceMngr mngr;
+    TarnSDSFile& file = *makeSelectionFamily(mngr);
+    file.m_packageSection.m_items = {"Pins"};
+    file.m_packageSection.m_datas["ZR12_BG100"] = {"100"};
+
+    EXPECT_EQ(mngr.getItemValue("Status", "ZR4-6QF48C", "none"), "O");
+    EXPECT_EQ(mngr.getItemValue("Status", "ZR4-7QF48C", "none"), "none") << "unknown part";
+    EXPECT_EQ(mngr.getItemValue("Pins", "zr1a00", "ZR12", "BG100", "?"), "100");
+    EXPECT_EQ(mngr.getItemValue("Pins", "zr1a00", "ZR12", "QF48", "?"), "?");
+    EXPECT_EQ(mngr.getItemValue("Pins", "zr9a00", "ZR12", "BG100", "?"), "?") << "not loaded";
+
+    EXPECT_EQ(mngr.getASCMaxNum("ZR12-6BG100C"), 2);
+    EXPECT_TRUE(mngr.enableASC("ZR12-6BG100C"));
+    EXPECT_EQ(mngr.getASCMaxNum("ZR12-6QF48C"), 0);
+    EXPECT_FALSE(mngr.enableASC("ZR12-6QF48C"));
+    EXPECT_FALSE(mngr.enableASC("NO-SUCH-PART"));
+    file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "-1";
+    EXPECT_FALSE(mngr.enableASC("ZR12-6QF48C"));
+    file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "";
+    EXPECT_EQ(mngr.getASCMaxNum("ZR12-6QF48C"), 0) << "an empty value reads as the default";
+}
+
+TEST(MngrPartLookup, StringToBool) {
+    for (const char* yes : {"yes", "YES", "True", "t", "T", "y", "1"})
+        EXPECT_TRUE(TarnDeviceMngr::stringToBool(yes)) << yes;
+    for (const char* no : {"", " yes", "yes ", "on", "enabled", "no", "0", "2", "false"})
+        EXPECT_FALSE(TarnDeviceMngr::stringToBool(no)) << '"' << no << '"';
+}
+
+TEST(MngrPartLookup, DeviceStatusFlags) {
+    using F = DEVSTATUS_FLAGS;
+    EXPECT_EQ(F::toDevStatusFlag("O"), F::PRODUCTION | F::OBSOLETE);
+    EXPECT_EQ(F::toDevStatusFlag("o"), F::PRODUCTION | F::OBSOLETE);
+    EXPECT_EQ(F::toDevStatusFlag("XO"), unsigned{F::OBSOLETE});
+    EXPECT_EQ(F::toDevStatusFlag("eo"), F::ENGINEERING | F::OBSOLETE);
+    EXPECT_EQ(F::toDevStatusFlag("P"), unsigned{F::PRODUCTION});
+    EXPECT_EQ(F::toDevStatusFlag("A"), unsigned{F::ADVANCED});
+    EXPECT_EQ(F::toDevStatusFlag(""), unsigned{F::NONE});
+    EXPECT_EQ(F::toDevStatusFlag("OBS"), unsigned{F::NONE});
+    EXPECT_EQ(F::toDevStatusFlag("X"), unsigned{F::NONE});
+}

@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "devctrl/sds/sds_file.h"
+
+using namespace tarn::vyxpn;
+
+TEST(SdsPartNames, ShortPackageFollowsPkgIndex) {
+    TarnSDSFile file("zr1a00", nullptr);
+    file.m_pkgAlias["BG100"] = {"B100", "BX"};
+    file.m_packageSection.m_items = {"PKGIndex"};
+    file.m_packageSection.m_datas["ZR4_BG100"] = {"1"};
+    file.m_packageSection.m_datas["ZR9_BG100"] = {"2"};
+    file.m_packageSection.m_datas["ZR7_BG100"] = {"-1"};
+
+    EXPECT_EQ(file.getShortPackage("ZR4", "QF48"), "QF48") << "no aliases";
+    EXPECT_EQ(file.getShortPackage("ZR4", "BG100"), "BX");
+    EXPECT_EQ(file.getShortPackage("ZR12", "BG100"), "B100") << "no PKGIndex means 0";
+    EXPECT_EQ(file.getShortPackage("ZR9", "BG100"), "BG100") << "index past the aliases";
+    EXPECT_THROW(file.getShortPackage("ZR7", "BG100"), std::out_of_range);
+
+    EXPECT_EQ(file.createPart("ZR4", "6", "BG100", 'c', "es"), "ZR4-6BXCES");
+    EXPECT_EQ(file.createPart("zr12", "6", "qf48", 'a', ""), "ZR12-6QF48E")
+        << "automotive parts carry the letter E";
+    EXPECT_EQ(file.createPart("ZR12", "6", "QF48", 'A', ""), "ZR12-6QF48E");
+    EXPECT_EQ(file.createInnerPart("ZR4", "12", "BG100", "es"), "ZR4-XXBXES")
+        << "the speed never enters the inner name";
+}
+
+TEST(SdsPartNames, ConditionNamesAndObsoleteStatus) {
+    EXPECT_EQ(TarnSDSFile::getFullConditionName('c'), "COM");
+    EXPECT_EQ(TarnSDSFile::getFullConditionName('I'), "IND");
+    EXPECT_EQ(TarnSDSFile::getFullConditionName('a'), "AUTO");
+    EXPECT_EQ(TarnSDSFile::getFullConditionName('E'), "");
+    EXPECT_EQ(TarnSDSFile::getFullConditionName('X'), "");
+
+    TarnSDSFile file("zr1a00", nullptr);
+    file.m_genericDevices.m_items = {"Device", "Speed", "Package", "Condition", "Status"};
+    file.m_genericDevices.m_datas["P-1"] = {"P", "1", "Q", "COM", "PO"};
+    file.m_genericDevices.m_datas["P-2"] = {"P", "2", "Q", "COM", "OBS"};
+    file.m_genericDevices.m_datas["P-3"] = {"P", "3", "Q", "COM", "o"};
+    file.m_genericDevices.m_datas["P-4"] = {"P", "4", "Q", "COM", ""};
+    EXPECT_TRUE(file.isObsDevice("P-1"));
+    EXPECT_FALSE(file.isObsDevice("P-2")) << "three letters are no status";
+    EXPECT_TRUE(file.isObsDevice("P-3"));
+    EXPECT_FALSE(file.isObsDevice("P-4"));
+    EXPECT_FALSE(file.isObsDevice("P-5"));
+
+    std::string device = "d", package = "p", speed = "s", condition = "c";
+    EXPECT_FALSE(file.getNameByPart("p-1", device, package, speed, condition));
+    EXPECT_EQ(device + package + speed + condition, "dpsc") << "outputs untouched";
+    ASSERT_TRUE(file.getNameByPart("P-1", device, package, speed, condition));
+    EXPECT_EQ(device + "|" + package + "|" + speed + "|" + condition, "P|Q|1|COM");
+    file.m_genericDevices.m_items[2] = "Pkg";
+    EXPECT_FALSE(file.getNameByPart("P-1", device, package, speed, condition));
+}

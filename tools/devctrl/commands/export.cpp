@@ -1,0 +1,91 @@
+#include <iostream>
+
+#include "catalogue_walk.h"
+#include "command.h"
+#include "devctrl/mngr/comparators.h"
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "json_stream.h"
+#include "name_lookup.h"
+
+namespace devctrl_tool {
+namespace {
+
+using tarn::vyxpn::StringList;
+using tarn::vyxpn::TarnDeviceMngr;
+using tarn::vyxpn::TarnSDSFile;
+
+class ExportCommand : public Command {
+  public:
+    std::string name() const override { return "export"; }
+    std::string summary() const override {
+        return "Print the whole catalogue, or one PM, as one JSON document";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("PM", m_pm, "PM code or family name (default: every loaded PM)");
+        m_filters.addTo(command);
+        command.footer(
+            "Always JSON: the families, and per PM its family, devices, packages per device, "
+            "speeds per device and package, conditions per device, package and speed, and its "
+            "parts with their fields and custom items, all in natural order. The filters act "
+            "as they do for the other commands.");
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        std::vector<std::string> pms;
+        if (!m_pm.empty()) {
+            pms.push_back(resolvePm(mngr, m_pm));
+        } else {
+            for (const auto& entry : mngr.getFamilyFiles())
+                if (entry.second)
+                    pms.push_back(entry.first);
+        }
+
+        // Families first, as getAllFamilies lists them: those with a passing part.
+        StringList families;
+        for (const std::string& pm : pms) {
+            const std::string family = TarnDeviceMngr::basePmToFamily(pm);
+            if (!family.empty() && hasPassingPart(mngr, *mngr.getFamilyFile(pm)))
+                families.push_back(family);
+        }
+        tarn::vyxpn::sortNatural(families);
+
+        std::ostream& out = std::cout;
+        out << "{\n  \"families\": ";
+        writeJsonList(out, families);
+        out << ",\n  \"pms\": {";
+        bool first = true;
+        for (const std::string& pm : pms) {
+            FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_filters.withObsolete,
+                            m_filters.ascOnly);
+            out << (first ? "\n    " : ",\n    ");
+            first = false;
+            writeJsonString(out, pm);
+            out << ": ";
+            walk.write(out, TarnDeviceMngr::basePmToFamily(pm));
+        }
+        out << (first ? "}\n}\n" : "\n  }\n}\n");
+        out.flush();
+        return 0;
+    }
+
+  private:
+    bool hasPassingPart(TarnDeviceMngr& mngr, const TarnSDSFile& file) const {
+        for (const auto& entry : file.m_genericDevices.m_datas) {
+            if (!m_filters.withObsolete && file.isObsDevice(entry.first))
+                continue;
+            if (m_filters.ascOnly && !mngr.enableASC(entry.first))
+                continue;
+            return true;
+        }
+        return false;
+    }
+
+    std::string m_pm;
+    PartFilters m_filters;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::ExportCommand)

@@ -1,0 +1,99 @@
+#include <fnmatch.h>
+
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_utils.h"
+#include "name_lookup.h"
+
+namespace devctrl_tool {
+namespace {
+
+using tarn::vyxpn::util::toUpper;
+
+// The part table holds the words; users may type either the word or the
+// letter that part names carry (E for automotive).
+std::string conditionWord(const std::string& given) {
+    const std::string upper = toUpper(given);
+    if (upper == "C" || upper == "COM")
+        return "COM";
+    if (upper == "I" || upper == "IND")
+        return "IND";
+    if (upper == "A" || upper == "E" || upper == "AUTO")
+        return "AUTO";
+    throw ToolError("unknown condition '" + given + "'; use C, I, A (or E), COM, IND or AUTO");
+}
+
+class PartsCommand : public Command {
+  public:
+    std::string name() const override { return "parts"; }
+    std::string summary() const override {
+        return "List the full part names of a PM, optionally filtered";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("PM", m_pm, "PM code or family name")->required();
+        command.add_option("PATTERN", m_patterns,
+                           "Shell-style patterns (*, ?, [..]); a part is listed when it "
+                           "matches any of them, in any letter case");
+        command.add_option("--device", m_device, "Only parts of this device");
+        command.add_option("--package", m_package, "Only parts in this package");
+        command.add_option("--speed", m_speed, "Only parts of this speed grade");
+        command.add_option("--condition", m_condition,
+                           "Only parts of this condition: C, I, A/E or COM, IND, AUTO");
+        m_filters.addTo(command);
+        command.footer("Example: devctrl parts zr1a00 'ZR12-*BG*' --speed 6 --condition C");
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string condition = m_condition.empty() ? "" : conditionWord(m_condition);
+        const tarn::vyxpn::TarnSDSFile& file = *mngr.getFamilyFile(pm);
+
+        tarn::vyxpn::StringList parts, selected;
+        mngr.getAllPartsByPM(pm, parts, m_filters.withObsolete, m_filters.ascOnly);
+        for (const std::string& part : parts) {
+            if (!matchesPattern(part))
+                continue;
+            if (hasFieldFilter() && !matchesFields(file, part, condition))
+                continue;
+            selected.push_back(part);
+        }
+        context.out.list(selected);
+        return 0;
+    }
+
+  private:
+    bool hasFieldFilter() const {
+        return !m_device.empty() || !m_package.empty() || !m_speed.empty() || !m_condition.empty();
+    }
+    bool matchesPattern(const std::string& part) const {
+        if (m_patterns.empty())
+            return true;
+        for (const std::string& pattern : m_patterns)
+            if (fnmatch(pattern.c_str(), part.c_str(), FNM_CASEFOLD) == 0)
+                return true;
+        return false;
+    }
+    // Names compare without regard to case; the table is upper case but
+    // people type either.
+    bool matchesFields(const tarn::vyxpn::TarnSDSFile& file, const std::string& part,
+                       const std::string& condition) const {
+        std::string device, package, speed, partCondition;
+        if (!file.getNameByPart(part, device, package, speed, partCondition))
+            return false;
+        auto same = [](const std::string& wanted, const std::string& actual) {
+            return wanted.empty() || toUpper(wanted) == toUpper(actual);
+        };
+        return same(m_device, device) && same(m_package, package) && same(m_speed, speed) &&
+               same(condition, partCondition);
+    }
+
+    std::string m_pm, m_device, m_package, m_speed, m_condition;
+    std::vector<std::string> m_patterns;
+    PartFilters m_filters;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::PartsCommand)
