@@ -40,7 +40,7 @@ TEST(ToolDeviceCommands, ValidateTellsTheLibrarysMessage) {
     EXPECT_EQ(out,
               "Total external linked ASC chips number 2 for device 'ZR25-6F256C' will be "
               "exceeded\n");
-    EXPECT_EQ(runOnSample("validate ZR4-6QF48C", &out), 1);
+    EXPECT_EQ(runOnSample("validate ZR4-6QF48C --asc ASC10", &out), 1);
     EXPECT_EQ(out, "Can't add external ASC chip for device 'ZR4-6QF48C'.\n");
     EXPECT_EQ(runOnSample("validate ZR99", &out), 1);
     EXPECT_EQ(out, "ZR99 is invalid device or not supported\n");
@@ -49,11 +49,14 @@ TEST(ToolDeviceCommands, ValidateTellsTheLibrarysMessage) {
 TEST(ToolDeviceCommands, CheckNamesTheNameToUse) {
     std::string out;
     EXPECT_EQ(runOnSample("check ZR4-6QF48CES", &out), 0);
-    EXPECT_TRUE(hasLine(out, "result +renamed")) << out;
+    EXPECT_TRUE(hasLine(out, "result +replaced")) << out;
     EXPECT_TRUE(hasLine(out, "use +ZR4-6QF48C")) << out;
     EXPECT_EQ(runOnSample("check ZR150-7F676C", &out), 0);
     EXPECT_TRUE(hasLine(out, "result +not recommended")) << out;
     EXPECT_TRUE(hasLine(out, "use +ZR200-7F676C")) << out;
+    EXPECT_EQ(runOnSample("--json check ZR7-6Q48C", &out), 0);  // migrated
+    EXPECT_NE(out.find("\"code\": 3"), std::string::npos) << out;
+    EXPECT_NE(out.find("\"use\": \"ZR17-6Q48C\""), std::string::npos) << out;
     EXPECT_EQ(runOnSample("check ZQ40-9B256C", &out), 1);
     EXPECT_TRUE(hasLine(out, "result +unknown")) << out;
     EXPECT_EQ(out.find("use"), std::string::npos);

@@ -13,8 +13,8 @@ class CheckCommand : public Command {
     void configure(CLI::App& command) override {
         command.add_option("name", m_name, "Part name as the user gave it")->required();
         command.footer(
-            "Results: valid (the name stands as it is), unknown, renamed (the part is known "
-            "under the name shown), not recommended (valid, but the name shown is advised). "
+            "Results: valid (the name stands as it is), unknown, replaced (renamed or migrated: "
+            "use the name shown), not recommended (valid, but the name shown is advised). "
             "An engineering-sample name ending in ES resolves to its production part. Exit "
             "status 1 for an unknown name, otherwise 0.");
     }
@@ -29,7 +29,7 @@ class CheckCommand : public Command {
                 use = m_name;
                 break;
             case 3:
-                verdict = "renamed";
+                verdict = "replaced";
                 use = newName;
                 break;
             case 4:
@@ -40,11 +40,18 @@ class CheckCommand : public Command {
                 verdict = "unknown";
                 break;
         }
-        std::vector<std::pair<std::string, std::string>> rows{
-            {"name", m_name}, {"result", verdict}, {"code", std::to_string(result)}};
-        if (!use.empty())
-            rows.emplace_back("use", use);
-        context.out.pairs(rows);
+        if (context.out.json()) {
+            QJsonObject json{{"name", qs(m_name)}, {"result", qs(verdict)}, {"code", result}};
+            if (!use.empty())
+                json.insert("use", qs(use));
+            context.out.print(json, "");
+        } else {
+            std::vector<std::pair<std::string, std::string>> rows{
+                {"name", m_name}, {"result", verdict}, {"code", std::to_string(result)}};
+            if (!use.empty())
+                rows.emplace_back("use", use);
+            context.out.pairs(rows);
+        }
         return result == 1 ? 1 : 0;
     }
 
