@@ -1,0 +1,96 @@
+// Checking a user's choice: a part with linked ASC chips (isValid) and a bare
+// device name that may have been renamed or superseded (checkDevice).
+
+#include <algorithm>
+
+#include "devctrl/device/device_obj.h"
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/string_utils.h"
+
+namespace tarn::vyxpn {
+
+bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
+    const std::string& part = dev.m_part;
+    std::string pm, device, package, speed, condition;
+    if (!getNameByPart(part, pm, device, package, speed, condition)) {
+        message = part + " is invalid device or not supported";
+        return false;
+    }
+
+    // A part without linkable-type data simply allows no external chip.
+    StringList linkable;
+    getSupportedASCs(part, linkable);
+    for (const auto& [asc, count] : dev.getAscMap()) {
+        if (std::find(linkable.begin(), linkable.end(), asc) == linkable.end()) {
+            message = "ASC chip '" + asc + "' is invalid or unsupported ASC chip for device '" +
+                      part + "'";
+            return false;
+        }
+        if (count < 0) {
+            message = "Invalid number '" + util::toString<int>(count) + "' for using ASC chip '" +
+                      asc + "'";
+            return false;
+        }
+    }
+
+    if (!dev.useASC())
+        return true;
+
+    // Runs whenever chips are used at all, so a part with only on-board chips
+    // and no capacity is refused too.
+    int maxChips = getASCMaxNum(part);
+    if (maxChips <= 0) {
+        message = "Can't add external ASC chip for device '" + part + "'.";
+        return false;
+    }
+
+    int allowedExternal = maxChips - dev.internalTotalAscNumber();
+    if (dev.externalTotalAscNumber() <= allowedExternal)
+        return true;
+    message = "Total external linked ASC chips number " + util::toString<int>(allowedExternal) +
+              " for device '" + part + "' will be exceeded";
+    return false;
+}
+
+int TarnDeviceMngr::checkDevice(const std::string& name, std::string& newName) {
+    // Answers of getNewFormatDeviceName and the results given back.
+    enum { kNoEntry = 0, kRenamed = 1, kMigrated = 2, kNotRecommended = 3 };
+    enum { kValid = 0, kUnknown = 1, kUseOtherName = 3, kReplacementRecommended = 4 };
+
+    std::string converted;
+    switch (getNewFormatDeviceName(name, converted)) {
+        case kRenamed:
+        case kMigrated:
+            if (!exists(converted))
+                return kUnknown;
+            newName = converted;
+            return kUseOtherName;
+        case kNotRecommended:
+            // The given name must still exist; the caller is told the
+            // recommended one.
+            if (!exists(name))
+                return kUnknown;
+            newName = converted;
+            return kReplacementRecommended;
+        case kNoEntry: {
+            if (exists(name))
+                return kValid;
+            // An engineering-sample name stands for its production part.
+            const std::string sampleSuffix = "ES";
+            if (name.size() >= sampleSuffix.size() &&
+                name.compare(name.size() - sampleSuffix.size(), sampleSuffix.size(),
+                             sampleSuffix) == 0) {
+                std::string production = name.substr(0, name.size() - sampleSuffix.size());
+                if (exists(production)) {
+                    newName = production;
+                    return kUseOtherName;
+                }
+            }
+            return kUnknown;
+        }
+        default:
+            return kValid;
+    }
+}
+
+}  // namespace tarn::vyxpn

@@ -1,0 +1,104 @@
+// Full part names from their fields, inner device names for the back-end
+// tools, and the translation of renamed, migrated and not recommended devices.
+
+#include <string.h>
+#include <strings.h>
+
+#include <string>
+#include <vector>
+
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "devctrl/util/profile.h"
+#include "devctrl/util/string_utils.h"
+#include "platform/base_settings.h"
+
+namespace tarn::vyxpn {
+
+namespace {
+
+bool cellEquals(const std::vector<std::string>& row, int column, const std::string& value) {
+    return static_cast<std::size_t>(column) < row.size() &&
+           strcasecmp(row[column].c_str(), value.c_str()) == 0;
+}
+
+// Sections of the device name list and the answer each gives.
+constexpr const char* kNameListFile = "pqrndev.lst";
+constexpr const char* kRenamedSection = "Name Transfer";
+constexpr const char* kMigratedSection = "MIGRATION";
+constexpr const char* kNotRecommendedSection = "Not Recommend";
+constexpr unsigned int kValueBufferSize = 1024;
+
+// The value of `name` in one section; false when absent or empty.
+bool lookUp(const std::string& listPath, const char* section, const std::string& name,
+            std::string& value) {
+    char buffer[kValueBufferSize] = {};
+    unsigned int length = GetPrivateProfileString(section, name.c_str(), "", buffer,
+                                                  kValueBufferSize, listPath.c_str());
+    if (length == 0)
+        return false;
+    value.assign(buffer, strnlen(buffer, sizeof buffer));
+    return true;
+}
+
+}  // namespace
+
+std::string TarnDeviceMngr::getPartName(const std::string& pm, const std::string& device,
+                                        const std::string& package, const std::string& speed,
+                                        const std::string& condition) {
+    TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return "";
+    const TarnSDSFileSection& parts = file->m_genericDevices;
+    const int deviceColumn = util::indexOf(parts.m_items, "Device");
+    const int speedColumn = util::indexOf(parts.m_items, "Speed");
+    const int packageColumn = util::indexOf(parts.m_items, "Package");
+    const int conditionColumn = util::indexOf(parts.m_items, "Condition");
+    if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
+        return "";
+    // Key order decides between parts that differ only in their suffix.
+    for (const auto& [part, row] : parts.m_datas) {
+        if (cellEquals(row, deviceColumn, device) && cellEquals(row, packageColumn, package) &&
+            cellEquals(row, speedColumn, speed) && cellEquals(row, conditionColumn, condition))
+            return part;
+    }
+    return "";
+}
+
+bool TarnDeviceMngr::getInnerDeviceName(const std::string& part, std::string& inner) {
+    std::string pm, device, package, speed, condition;
+    if (!getNameByPart(part, pm, device, package, speed, condition))
+        return false;
+    TarnSDSFile* file = getFamilyFile(pm);
+    if (!file)
+        return false;
+    std::string suffix = getItemValue("Suffix", part, "");
+    inner = file->createInnerPart(device, speed, package, suffix);
+    return true;
+}
+
+int TarnDeviceMngr::getNewFormatDeviceName(const std::string& name, std::string& newName) {
+    QDir dataDir = BaseSystem::getDataPath();
+    if (!dataDir.exists(kNameListFile))
+        return 0;
+    const std::string listPath = dataDir.filePath(kNameListFile).toLocal8Bit().toStdString();
+
+    std::string value;
+    if (lookUp(listPath, kRenamedSection, name, value)) {
+        newName = value;
+        return 1;
+    }
+    // A caller that passes the old name itself as newName asks for renames
+    // only: migration and not-recommended answers are then suppressed.
+    const bool renamesOnly = name == newName;
+    if (lookUp(listPath, kMigratedSection, name, value) && !renamesOnly) {
+        newName = value;
+        return 2;
+    }
+    if (!lookUp(listPath, kNotRecommendedSection, name, value) || renamesOnly)
+        return 0;
+    newName = value;
+    return 3;
+}
+
+}  // namespace tarn::vyxpn

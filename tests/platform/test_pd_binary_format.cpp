@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "platform/pd_binary_format.h"
+#include "platform/pd_data.h"
+#include "platform/pd_util.h"
+#include "support/test_env.h"
+#include "tests/platform/pd_test_support.h"
+
+using devctrl_test::describePartData;
+using devctrl_test::TempDir;
+
+namespace {
+
+const char* const kSample =
+    "[[Device Info]]\n"
+    "Vendor = Tarn\n"
+    "Format = LUT, FF, , EBR\n"
+    "ZR4_QF48 = 640, 640, , 2\n"
+    "ZR4_BG100 = 640, 640\n"
+    "ZR12_BG100 = 1280, 1280, x, 4, extra\n"
+    "[[Second]]\n"
+    "Format = RAM\n"
+    "ZR4_QF48 = 8\n";
+
+bool decode(const std::string& bytes, PD_DATA& data, std::string* why = nullptr) {
+    return PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), data,
+                           why);
+}
+
+std::string encodeText(const std::string& text) {
+    PD_DATA data;
+    EXPECT_TRUE(data.LoadTxtString(text));
+    std::string bytes;
+    EXPECT_TRUE(PD_EncodeBinary(data, bytes));
+    return bytes;
+}
+
+// A header for `payload` with the right size and checksum.
+std::string withHeader(const std::string& payload) {
+    std::string bytes(reinterpret_cast<const char*>(PD_BIN_MAGIC), PD_BIN_MAGIC_SIZE);
+    auto put = [&bytes](std::uint32_t value, int count) {
+        for (int i = 0; i < count; ++i)
+            bytes.push_back(static_cast<char>(value >> (8 * i)));
+    };
+    put(PD_BIN_VERSION, 2);
+    put(0, 2);
+    put(static_cast<std::uint32_t>(payload.size()), 4);
+    put(PD_Crc32(reinterpret_cast<const unsigned char*>(payload.data()), payload.size()), 4);
+    return bytes + payload;
+}
+
+}  // namespace
+
+TEST(PdBinaryFormat, EncodeDecodeKeepsEverything) {
+    PD_DATA text;
+    ASSERT_TRUE(text.LoadTxtString(kSample));
+    std::string bytes;
+    ASSERT_TRUE(PD_EncodeBinary(text, bytes));
+    PD_DATA binary;
+    ASSERT_TRUE(decode(bytes, binary));
+    EXPECT_EQ(describePartData(binary), describePartData(text));
+    EXPECT_EQ(binary.GetNumOfSections(), 4);
+
+    // The same data always give the same bytes, and repeated strings are
+    // stored once.
+    std::string again;
+    ASSERT_TRUE(PD_EncodeBinary(binary, again));
+    EXPECT_EQ(again, bytes);
+    EXPECT_EQ(bytes.find("640"), bytes.rfind("640"));
+}
+
+TEST(PdBinaryFormat, FileFormAndDetection) {
+    TempDir dir;
+    PD_DATA text;
+    ASSERT_TRUE(text.LoadTxtString(kSample));
+    std::string binPath = dir.file("zr1a00.pwd");
+    ASSERT_TRUE(PD_SaveBinFile(text, binPath.c_str()));
+    std::string textPath = dir.write("text.pwd", kSample);
+
+    EXPECT_TRUE(PD_UTIL::IsBinaryFile(binPath.c_str()));
+    EXPECT_FALSE(PD_UTIL::IsBinaryFile(textPath.c_str()));
+    EXPECT_FALSE(PD_UTIL::IsBinaryFile(dir.file("missing").c_str()));
+    EXPECT_FALSE(PD_UTIL::IsBinaryFile(dir.write("short", "\x89PW").c_str()));
+
+    PD_DATA loaded;
+    ASSERT_TRUE(loaded.LoadBinFile(binPath.c_str()));
+    EXPECT_EQ(describePartData(loaded), describePartData(text));
+    EXPECT_FALSE(loaded.LoadBinFile(textPath.c_str()));
+    EXPECT_EQ(loaded.GetNumOfSections(), 0);
+    EXPECT_FALSE(PD_SaveBinFile(text, dir.file("no/such/dir/x.pwd").c_str()));
+}
+
+TEST(PdBinaryFormat, EveryTruncationFailsCleanly) {
+    std::string bytes = encodeText(kSample);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        PD_DATA data;
+        std::string why;
+        EXPECT_FALSE(decode(bytes.substr(0, length), data, &why)) << "length " << length;
+        EXPECT_FALSE(why.empty());
+        EXPECT_EQ(data.GetNumOfSections(), 0);
+    }
+    PD_DATA data;
+    EXPECT_FALSE(decode(bytes + '\0', data));  // one byte too many
+    EXPECT_TRUE(decode(bytes, data));
+}
+
+TEST(PdBinaryFormat, EveryBitFlipIsDetected) {
+    std::string bytes = encodeText(kSample);
+    for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
+        std::string damaged = bytes;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
+        PD_DATA data;
+        EXPECT_FALSE(decode(damaged, data)) << "bit " << bit;
+    }
+}
+
+// Damage behind a valid checksum: the structure checks alone must hold.
+TEST(PdBinaryFormat, DamagedPayloadWithValidChecksumFailsCleanly) {
+    std::string bytes = encodeText(kSample);
+    std::string payload = bytes.substr(PD_BIN_HEADER_SIZE);
+    std::mt19937 random(20261122);
+    for (int round = 0; round < 4000; ++round) {
+        std::string damaged = payload;
+        int changes = 1 + static_cast<int>(random() % 3);
+        for (int i = 0; i < changes; ++i)
+            damaged[random() % damaged.size()] = static_cast<char>(random());
+        if (round % 5 == 0)
+            damaged.resize(random() % damaged.size());
+        PD_DATA data;
+        decode(withHeader(damaged), data);  // any result, but no crash or overrun
+    }
+
+    // Counts that claim far more than the payload holds are refused before
+    // anything is reserved for them.
+    PD_DATA data;
+    std::string why;
+    EXPECT_FALSE(decode(withHeader(std::string("\xff\xff\xff\xff\x0f", 5)), data, &why));
+    EXPECT_EQ(why, "bad string table");
+    EXPECT_FALSE(decode(withHeader(std::string("\x00\xff\xff\xff\xff\x07", 6)), data, &why));
+    EXPECT_EQ(why, "bad section count");
+    // A string index past the string table, an unknown kind, a length past the end.
+    EXPECT_FALSE(decode(withHeader(std::string("\x01\x01"
+                                               "A\x01\x00\x05\x00",
+                                               7)),
+                        data));
+    EXPECT_FALSE(decode(withHeader(std::string("\x01\x01"
+                                               "A\x01\x07\x00\x00",
+                                               7)),
+                        data));
+    EXPECT_FALSE(decode(withHeader(std::string("\x01\x09"
+                                               "A",
+                                               3)),
+                        data));
+    // A varint longer than 32 bits.
+    EXPECT_FALSE(decode(withHeader(std::string("\x80\x80\x80\x80\x80\x01", 6)), data));
+    // The smallest valid file: no strings, no sections.
+    EXPECT_TRUE(decode(withHeader(std::string("\x00\x00", 2)), data));
+}
+
+TEST(PdBinaryFormat, HeaderChecks) {
+    std::string bytes = encodeText(kSample);
+    PD_DATA data;
+    std::string why;
+    std::string version = bytes;
+    version[8] = 2;
+    EXPECT_FALSE(decode(version, data, &why));
+    EXPECT_EQ(why, "unknown version 2");
+    std::string flags = bytes;
+    flags[10] = 1;
+    EXPECT_FALSE(decode(flags, data, &why));
+    EXPECT_EQ(why, "unknown flags");
+    EXPECT_FALSE(PD_DecodeBinary(nullptr, 0, data));
+}

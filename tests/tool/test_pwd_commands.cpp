@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/test_env.h"
+
+using devctrl_test::readFile;
+using devctrl_test::runTool;
+using devctrl_test::TempDir;
+
+TEST(PwdCommands, DumpCompileDumpRoundTripsByteForByte) {
+    TempDir dir;
+    std::string text = dir.write("zr1a00.pwd",
+                                 "[[Device Info]]\n"
+                                 "Vendor=Tarn\n"
+                                 "format = LUT,,FF\n"
+                                 "ZR4_QF48=640,,2,\n"
+                                 "  ZR4_BG100 = 640 \r\n"
+                                 "[[Second]]\n"
+                                 "Format = RAM\n");
+    std::string out, err;
+    ASSERT_EQ(runTool("pwd-compile " + text + " " + dir.file("a.bin"), &out, &err), 0) << err;
+    std::string firstDump;
+    ASSERT_EQ(runTool("pwd-dump " + dir.file("a.bin"), &firstDump, &err), 0) << err;
+    EXPECT_EQ(firstDump,
+              "[[Device Info]]\n"
+              "Vendor = Tarn\n"
+              "Format = LUT, , FF\n"
+              "ZR4_QF48 = 640, , 2, \n"
+              "ZR4_BG100 = 640\n"
+              "\n"
+              "[[Second]]\n"
+              "Format = RAM\n");
+    // The text form dumps the same as its binary.
+    ASSERT_EQ(runTool("pwd-dump " + text, &out, &err), 0) << err;
+    EXPECT_EQ(out, firstDump);
+
+    std::string dumped = dir.write("dumped.txt", firstDump);
+    ASSERT_EQ(runTool("pwd-compile " + dumped + " " + dir.file("b.bin"), &out, &err), 0) << err;
+    std::string secondDump;
+    ASSERT_EQ(runTool("pwd-dump " + dir.file("b.bin"), &secondDump, &err), 0) << err;
+    EXPECT_EQ(secondDump, firstDump);
+    EXPECT_EQ(readFile(dir.file("b.bin")), readFile(dir.file("a.bin")));
+}
+
+TEST(PwdCommands, ClearErrors) {
+    TempDir dir;
+    std::string text = dir.write("x.pwd", "[[S]]\nFormat = A\nR = 1\n");
+    std::string out, err;
+    ASSERT_EQ(runTool("pwd-compile " + text + " " + dir.file("x.bin"), &out, &err), 0) << err;
+    EXPECT_NE(runTool("pwd-compile " + dir.file("x.bin") + " " + dir.file("y.bin"), &out, &err), 0);
+    EXPECT_NE(err.find("binary form already"), std::string::npos) << err;
+
+    std::string bytes = readFile(dir.file("x.bin"));
+    bytes[bytes.size() - 1] ^= 0x20;
+    std::string damaged = dir.write("damaged.bin", bytes);
+    EXPECT_NE(runTool("pwd-dump " + damaged, &out, &err), 0);
+    EXPECT_NE(err.find("checksum mismatch"), std::string::npos) << err;
+    EXPECT_NE(runTool("pwd-dump " + dir.file("missing"), &out, &err), 0);
+    EXPECT_NE(err.find("cannot read"), std::string::npos) << err;
+}
+
+TEST(PwdCommands, TranslatePrintsCodeMeaningAndNewName) {
+    TempDir data;
+    data.write("pqrndev.lst",
+               "[Name Transfer]\nZR1=ZR1N\n[MIGRATION]\nZR2=ZR2M\n[Not Recommend]\nZR3=ZR3R\n");
+    const std::string tool = "--data " + data.path() + " ";
+    std::string out, err;
+    ASSERT_EQ(runTool(tool + "translate ZR1", &out, &err), 0) << err;
+    EXPECT_EQ(out, "1 renamed ZR1N\n");
+    ASSERT_EQ(runTool(tool + "translate ZR2", &out, &err), 0) << err;
+    EXPECT_EQ(out, "2 migrated ZR2M\n");
+    ASSERT_EQ(runTool(tool + "translate ZR3", &out, &err), 0) << err;
+    EXPECT_EQ(out, "3 not recommended ZR3R\n");
+    ASSERT_EQ(runTool(tool + "translate --renames-only ZR2", &out, &err), 0) << err;
+    EXPECT_EQ(out, "0 no translation\n");
+    ASSERT_EQ(runTool(tool + "--json translate ZR2", &out, &err), 0) << err;
+    EXPECT_NE(out.find("\"code\": 2"), std::string::npos) << out;
+    EXPECT_NE(out.find("\"newName\": \"ZR2M\""), std::string::npos) << out;
+}

@@ -1,0 +1,65 @@
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+class CheckCommand : public Command {
+  public:
+    std::string name() const override { return "check"; }
+    std::string summary() const override {
+        return "Check a part name against the renamed and superseded names";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("name", m_name, "Part name as the user gave it")->required();
+        command.footer(
+            "Results: valid (the name stands as it is), unknown, replaced (renamed or migrated: "
+            "use the name shown), not recommended (valid, but the name shown is advised). "
+            "An engineering-sample name ending in ES resolves to its production part. Exit "
+            "status 1 for an unknown name, otherwise 0.");
+    }
+    int run(Context& context) override {
+        std::string newName;
+        int result = context.mngr().checkDevice(m_name, newName);
+        std::string verdict;
+        std::string use;
+        switch (result) {
+            case 0:
+                verdict = "valid";
+                use = m_name;
+                break;
+            case 3:
+                verdict = "replaced";
+                use = newName;
+                break;
+            case 4:
+                verdict = "not recommended";
+                use = newName;
+                break;
+            default:
+                verdict = "unknown";
+                break;
+        }
+        if (context.out.json()) {
+            QJsonObject json{{"name", qs(m_name)}, {"result", qs(verdict)}, {"code", result}};
+            if (!use.empty())
+                json.insert("use", qs(use));
+            context.out.print(json, "");
+        } else {
+            std::vector<std::pair<std::string, std::string>> rows{
+                {"name", m_name}, {"result", verdict}, {"code", std::to_string(result)}};
+            if (!use.empty())
+                rows.emplace_back("use", use);
+            context.out.pairs(rows);
+        }
+        return result == 1 ? 1 : 0;
+    }
+
+  private:
+    std::string m_name;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::CheckCommand)

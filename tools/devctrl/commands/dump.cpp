@@ -1,0 +1,38 @@
+#include <iostream>
+#include <sstream>
+
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+class DumpCommand : public Command {
+  public:
+    std::string name() const override { return "dump"; }
+    std::string summary() const override { return "Print every table of a family, for diagnosis"; }
+    void configure(CLI::App& command) override {
+        command.add_option("pm", m_pm, "PM code of a loaded family")->required();
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        if (!mngr.getFamilyFile(m_pm))
+            throw ToolError("unknown PM: " + m_pm);
+        // The library prints to standard output; with --json the dump is
+        // passed on as one string.
+        std::ostringstream captured;
+        std::streambuf* previous = std::cout.rdbuf(captured.rdbuf());
+        mngr.printMe(m_pm);
+        std::cout.rdbuf(previous);
+        context.out.print(qs(captured.str()), captured.str());
+        return 0;
+    }
+
+  private:
+    std::string m_pm;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::DumpCommand)

@@ -1,0 +1,49 @@
+#include <iostream>
+
+#include "command.h"
+#include "devctrl/device/device_obj.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+class ReportCommand : public Command {
+  public:
+    std::string name() const override { return "report"; }
+    std::string summary() const override {
+        return "Device data report of a part: its resources, then the ASC chip resources";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("part", m_part, "Full part name")->required();
+        command.add_option("--asc", m_ascs, "Link an external ASC chip (repeat for more)");
+        command.footer(
+            "The resource rows of the part's device and package come first, then the sums "
+            "of the ASC chip resources, on-board chips and linked chips together. A part "
+            "without on-board ASC stock data reports its device rows only.");
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        if (!mngr.exists(m_part))
+            throw ToolError("unknown part: " + m_part);
+        tarn::vyxpn::TarnDeviceObj device(m_part);
+        device.m_ascList = m_ascs;
+        tarn::vyxpn::KeyValueReport rows;
+        bool withAsc = mngr.calcDeviceData(device, rows);
+        if (rows.empty() && !withAsc)
+            throw ToolError("no device data for part " + m_part);
+        if (!withAsc)
+            std::cerr << "devctrl: no ASC stock data for " << m_part
+                      << "; the report holds its device rows only\n";
+        context.out.pairs(rows, false);
+        return 0;
+    }
+
+  private:
+    std::string m_part;
+    std::vector<std::string> m_ascs;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::ReportCommand)

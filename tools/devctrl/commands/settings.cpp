@@ -1,0 +1,65 @@
+#include "asc_summary.h"
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+class SettingsCommand : public Command {
+  public:
+    std::string name() const override { return "settings"; }
+    std::string summary() const override {
+        return "Tool settings of a part and how many ASC chips it can use";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("part", m_part, "Full part name")->required();
+        command.footer(
+            "Shows whether Synplify and Precision may be used and which is the default "
+            "synthesis tool, whether the ICF, LST and bitstream steps apply, the part's ASC "
+            "capacity, its on-board ASC chips and the ASC chip types that may be linked.");
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        if (!mngr.exists(m_part))
+            throw ToolError("unknown part: " + m_part);
+        auto yesNo = [](bool on) { return std::string(on ? "yes" : "no"); };
+        PartAscs ascs = PartAscs::of(mngr, m_part);
+        if (context.out.json()) {
+            QJsonObject json{
+                {"part", qs(m_part)},
+                {"synplify", mngr.enableSynplify(m_part)},
+                {"precision", mngr.enablePrecision(m_part)},
+                {"defaultSynthesis", qs(mngr.getDefaultSynthesis(m_part))},
+                {"icf", mngr.enableICF(m_part)},
+                {"lst", mngr.enableLST(m_part)},
+                {"bitgen", mngr.enableBitgen(m_part)},
+                {"ascMax", mngr.getASCMaxNum(m_part)},
+                {"ascOnBoard", ascs.onBoardJson()},
+                {"ascLinkable", ascs.linkableJson()},
+            };
+            context.out.print(json, "");
+            return 0;
+        }
+        context.out.pairs({
+            {"part", m_part},
+            {"synplify", yesNo(mngr.enableSynplify(m_part))},
+            {"precision", yesNo(mngr.enablePrecision(m_part))},
+            {"default synthesis", mngr.getDefaultSynthesis(m_part)},
+            {"icf", yesNo(mngr.enableICF(m_part))},
+            {"lst", yesNo(mngr.enableLST(m_part))},
+            {"bitgen", yesNo(mngr.enableBitgen(m_part))},
+            {"asc max", std::to_string(mngr.getASCMaxNum(m_part))},
+            {"asc on board", ascs.onBoardText()},
+            {"asc linkable", ascs.linkableText()},
+        });
+        return 0;
+    }
+
+  private:
+    std::string m_part;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::SettingsCommand)

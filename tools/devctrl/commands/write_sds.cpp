@@ -1,0 +1,54 @@
+#include <sys/stat.h>
+
+#include "command.h"
+#include "devctrl/mngr/device_mngr.h"
+
+namespace devctrl_tool {
+namespace {
+
+// Identity of the file at a path, to tell whether it was replaced.
+bool fileIdentity(const std::string& path, ino_t& inode) {
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0)
+        return false;
+    inode = status.st_ino;
+    return true;
+}
+
+class WriteSdsCommand : public Command {
+  public:
+    std::string name() const override { return "write-sds"; }
+    std::string summary() const override {
+        return "Write a family's device-support description file";
+    }
+    void configure(CLI::App& command) override {
+        command.add_option("pm", m_pm, "PM code of a loaded family")->required();
+        command.add_option("file", m_file, "File to (re)write")->required();
+        command.footer(
+            "The file lists the family's generated parts with their columns and its resource "
+            "rows. It is written completely or not at all.");
+    }
+    int run(Context& context) override {
+        auto& mngr = context.mngr();
+        if (!mngr.getFamilyFile(m_pm))
+            throw ToolError("unknown PM: " + m_pm);
+        ino_t before = 0;
+        bool existed = fileIdentity(m_file, before);
+        mngr.writeSDS(m_pm, m_file);
+        // The library says nothing; a successful write always puts a new file
+        // in place, so an unchanged (or still missing) file means failure.
+        ino_t after = 0;
+        if (!fileIdentity(m_file, after) || (existed && after == before))
+            throw ToolError("could not write " + m_file);
+        return 0;
+    }
+
+  private:
+    std::string m_pm;
+    std::string m_file;
+};
+
+}  // namespace
+}  // namespace devctrl_tool
+
+DEVCTRL_REGISTER_COMMAND(devctrl_tool::WriteSdsCommand)
