@@ -9,6 +9,7 @@
 
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
+#include "platform/ut_trace.h"
 
 const unsigned char PD_BIN_MAGIC[PD_BIN_MAGIC_SIZE] = {0x89, 'P', 'W', 'D', 0x0D, 0x0A, 0x1A, 0x0A};
 
@@ -377,8 +378,22 @@ bool PD_DATA::LoadBinBuffer(const unsigned char* bytes, std::size_t size) {
 
 bool PD_DATA::LoadBinFile(const char* path) {
     Clear();
-    std::string bytes;
-    if (!PD_UTIL::ReadWholeFile(path, bytes, PD_BIN_MAX_FILE_SIZE))
+    if (!path)
         return false;
-    return LoadBinBuffer(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+    // A file that is there but cannot be used is named in one line; the
+    // caller only learns that loading failed.
+    std::string bytes;
+    if (!PD_UTIL::ReadWholeFile(path, bytes, PD_BIN_MAX_FILE_SIZE)) {
+        std::string message = std::string(path) + ": part data file cannot be read";
+        diagTrace(message.c_str(), nullptr);
+        return false;
+    }
+    std::string why;
+    if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), *this,
+                         &why)) {
+        std::string message = std::string(path) + ": damaged part data file (" + why + ")";
+        diagTrace(message.c_str(), nullptr);
+        return false;
+    }
+    return true;
 }

@@ -107,7 +107,8 @@ class PD_DATA {
 
     // Each replaces the content; on failure the data set is left empty.
     // The text form is described in pd_text_reader.cpp, the binary form in
-    // pd_binary_format.h.
+    // pd_binary_format.h. LoadBinFile traces one line naming a file that it
+    // cannot read or that is damaged.
     bool LoadTxtFile(const char* path);
     bool LoadTxtString(const std::string& text, const char* sourceName = "<text>");
     bool LoadBinFile(const char* path);

@@ -11,11 +11,14 @@
 // rows up to the next "Format" line or header. Row fields are cut at ',' and
 // trimmed, and empty fields are kept ("1,,3" is three cells). Entry values are
 // kept whole. A line without '=' is reported through diagTrace and skipped.
+// A NUL byte ends its line's content; the first such line is reported.
 
+#include <cstring>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
 #include "platform/ut_trace.h"
@@ -52,8 +55,17 @@ bool PD_DATA::LoadTxtString(const std::string& text, const char* sourceName) {
     std::istringstream in(text);
     std::string raw;
     int lineNumber = 0;
+    int firstNulLine = 0;
     while (std::getline(in, raw)) {
         ++lineNumber;
+        // A NUL byte ends the line's content, as in the other data files;
+        // kept, it would cut names short wherever they are read as C strings.
+        auto nul = raw.find('\0');
+        if (nul != std::string::npos) {
+            raw.resize(nul);
+            if (firstNulLine == 0)
+                firstNulLine = lineNumber;
+        }
         std::string line = PD_UTIL::Trim(raw);
         if (line.empty())
             continue;
@@ -88,6 +100,12 @@ bool PD_DATA::LoadTxtString(const std::string& text, const char* sourceName) {
             section->addEntry(strings.intern(key), strings.intern(PD_UTIL::Trim(value)));
         }
     }
+    if (firstNulLine != 0) {
+        std::string message = std::string(sourceName ? sourceName : "<text>") + ":" +
+                              std::to_string(firstNulLine) +
+                              ": NUL byte; the rest of the line is ignored";
+        diagTrace(message.c_str(), nullptr);
+    }
     return true;
 }
 
@@ -96,5 +114,13 @@ bool PD_DATA::LoadTxtFile(const char* path) {
     std::string text;
     if (!PD_UTIL::ReadWholeFile(path, text))
         return false;
+    // Too short to hold the binary form's magic but the start of it: a binary
+    // file cut short, not an empty text file. Refused, and said so.
+    if (!text.empty() && text.size() < PD_BIN_MAGIC_SIZE &&
+        std::memcmp(text.data(), PD_BIN_MAGIC, text.size()) == 0) {
+        std::string message = std::string(path) + ": damaged part data file (cut short)";
+        diagTrace(message.c_str(), nullptr);
+        return false;
+    }
     return LoadTxtString(text, path);
 }

@@ -1,6 +1,8 @@
 // The ASC chips of one family: the on-board stock and the linkable types of a
 // part, the chip catalogue, and the resources that chips contribute.
 
+#include <cstdint>
+
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
@@ -18,6 +20,16 @@ bool splitPerAscType(const std::string& text, std::size_t typeCount,
     fields = util::split(text, "|");
     return fields.size() == typeCount;
 }
+// Resource figures are 32-bit and wrap like the machine's arithmetic on
+// absurd catalogue values, instead of overflowing (undefined in C++).
+int wrappingProduct(int a, int b) {
+    return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
+}
+
+int wrappingSum(int a, int b) {
+    return static_cast<int>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
 }  // namespace
 
 bool TarnSDSFile::getInternalASCs(const std::string& part, std::map<std::string, int>& ascs) const {
@@ -76,7 +88,7 @@ void TarnSDSFile::_calcASCDataByType(const std::string& asc, int count,
         // A catalogue row too short for a resource column is broken data; the
         // range error is left to reach the caller rather than read as zero.
         int amount = util::parseString<int>(row->second.at(position));
-        resources.emplace(resource, amount * count);
+        resources.emplace(resource, wrappingProduct(amount, count));
     }
 }
 
@@ -93,7 +105,7 @@ bool TarnSDSFile::calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const {
             std::map<std::string, int> resources;
             _calcASCDataByType(asc, count, resources);
             for (const auto& [resource, amount] : resources)
-                totals[resource] += amount;
+                totals[resource] = wrappingSum(totals[resource], amount);
         }
     };
     addChips(onBoard);

@@ -4,6 +4,7 @@
 #include <strings.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -13,6 +14,7 @@
 #include "devctrl/util/string_utils.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
+#include "platform/ut_trace.h"
 
 namespace tarn::vyxpn {
 
@@ -50,6 +52,16 @@ TarnSDSFileSection tableToSection(const PD_TABLE& table,
         TarnSDSFile::filterVector(row.second, keep);
     return carrier;
 }
+
+// The buffer getline grows; freed however reading ends.
+struct LineBuffer {
+    char* data = nullptr;
+    std::size_t capacity = 0;
+    LineBuffer() = default;
+    LineBuffer(const LineBuffer&) = delete;
+    LineBuffer& operator=(const LineBuffer&) = delete;
+    ~LineBuffer() { std::free(data); }
+};
 
 }  // namespace
 
@@ -110,24 +122,22 @@ bool TarnSDSFile::loadPWD(std::string path, const std::vector<std::string>& reso
     TarnSDSFileSection carrier;
     std::vector<int> keep;
     bool inside = false;
-    // A line longer than the buffer is read in pieces, each taken as a line.
-    char buffer[4096];
-    while (std::fgets(buffer, sizeof buffer, file.get())) {
-        std::string line = util::trim(buffer);
+    // Takes one trimmed line; false at the header that ends the section.
+    auto take = [&](const std::string& line) {
         if (line == "[[Device Info]]") {
             inside = true;
-            continue;
+            return true;
         }
         if (!inside)
-            continue;
+            return true;
         if (line.compare(0, 2, "[[") == 0)
-            break;
+            return false;
         if (line.empty())
-            continue;
+            return true;
 
         std::vector<std::string> fields = util::split(line, "=,\n");
         if (fields.empty())
-            continue;
+            return true;
         for (auto& field : fields)
             field = util::trim(field);
         std::string key = fields.front();
@@ -142,8 +152,44 @@ bool TarnSDSFile::loadPWD(std::string path, const std::vector<std::string>& reso
         } else {
             carrier.m_datas[key] = fields;
         }
+        return true;
+    };
+
+    // Lines are read into a buffer of 4096 characters: a longer line is taken
+    // in pieces of 4095, each as a line of its own, and a NUL byte ends what
+    // the buffer holds. Both are reported once, with the first line they hit.
+    constexpr std::size_t kPieceLength = 4095;
+    std::size_t lineNumber = 0, firstLongLine = 0, firstNulLine = 0;
+    LineBuffer buffer;
+    ssize_t length;
+    bool reading = true;
+    while (reading && (length = getline(&buffer.data, &buffer.capacity, file.get())) >= 0) {
+        ++lineNumber;
+        std::string physical(buffer.data, static_cast<std::size_t>(length));
+        if (!physical.empty() && physical.back() == '\n')
+            physical.pop_back();
+        std::size_t nul = physical.find('\0');
+        if (nul != std::string::npos) {
+            physical.resize(nul);
+            if (firstNulLine == 0)
+                firstNulLine = lineNumber;
+        }
+        if (physical.size() > kPieceLength && firstLongLine == 0)
+            firstLongLine = lineNumber;
+        for (std::size_t at = 0; reading && (at == 0 || at < physical.size()); at += kPieceLength)
+            reading = take(util::trim(physical.substr(at, kPieceLength)));
     }
     file.reset();
+    if (firstLongLine != 0)
+        diagTrace((path + ":" + std::to_string(firstLongLine) + ": line longer than " +
+                   std::to_string(kPieceLength) + " characters, read in pieces")
+                      .c_str(),
+                  nullptr);
+    if (firstNulLine != 0)
+        diagTrace((path + ":" + std::to_string(firstNulLine) +
+                   ": NUL byte; the rest of the line is ignored")
+                      .c_str(),
+                  nullptr);
 
     filterVector(carrier.m_items, keep);
     for (auto& row : carrier.m_datas)

@@ -50,6 +50,23 @@ TEST(ToolBadData, RangeErrorWhileLoadingNamesTheFamily) {
     }
 }
 
+TEST(ToolBadData, RangeErrorInAQueryNamesThePart) {
+    // The on-board chip's catalogue row lacks the DAC column.
+    TempDir dir;
+    writeFamily(dir, cleanFamilyKey(),
+                cleanDeviceAcd() +
+                    "ASC_TYPES = ASC10\n"
+                    "PM_ITEMS = ASCStockNum, ASCExtTypes, ASCMaxNum\n"
+                    "PM_DATAS = 1, 1, 2\n");
+    dir.write("device.acd",
+              "ASC_RESOURCE_ITMES = ADC, DAC\nASC_ITMES = ADC, DAC\nASC_DATAS = ASC10, 4\n");
+    std::string out, err;
+    int status = runTool("-q --data " + dir.path() + " report BQ1-1B10C", &out, &err);
+    EXPECT_EQ(status, 3) << err;
+    EXPECT_EQ(lineCount(err), 1) << err;
+    EXPECT_EQ(err.find("devctrl: part BQ1-1B10C: error in the installed data"), 0u) << err;
+}
+
 TEST(ToolBadData, CommandsThatNeedNoFamilyStillWork) {
     TempDir dir;
     writeFamily(dir, cleanFamilyKey(), emptyConditionAcd());
