@@ -101,7 +101,7 @@ TEST(ToolDeviceCommands, WriteSdsAndDump) {
     ASSERT_EQ(runOnSample("dump zr5b00", &out), 0);
     EXPECT_EQ(out.rfind("PM Name is zr5b00\nPackage alias:\n", 0), 0u);
     EXPECT_EQ(runOnSample("dump zz9z99", &out, &err), 1);
-    EXPECT_EQ(err, "devctrl: unknown PM: zz9z99\n");
+    EXPECT_EQ(err, "devctrl: unknown PM or family 'zz9z99'\n");
 }
 
 }  // namespace
