@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "devctrl/util/profile.h"
 #include "support/test_env.h"
@@ -173,17 +174,14 @@ TEST(ProfileRead, IntTreatsZeroAsMissingUnlessWrittenAsZero) {
                                  "[N]\nzero=0\ndouble=00\nminus=-0\nmixed=12abc\nword=abc\n"
                                  "hex=0x10\nlead=05\nneg=-3\nwide=4294967297\nquoted=\"7\"\n");
     const char* file = path.c_str();
-    EXPECT_EQ(GetPrivateProfileInt("N", "zero", 9, file), 0);
-    EXPECT_EQ(GetPrivateProfileInt("N", "double", 9, file), 0);
-    EXPECT_EQ(GetPrivateProfileInt("N", "minus", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "mixed", 9, file), 12);
-    EXPECT_EQ(GetPrivateProfileInt("N", "word", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "hex", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "lead", 9, file), 5);
-    EXPECT_EQ(GetPrivateProfileInt("N", "neg", 9, file), -3);
-    EXPECT_EQ(GetPrivateProfileInt("N", "wide", 9, file), 1);  // low 32 bits
-    EXPECT_EQ(GetPrivateProfileInt("N", "quoted", 9, file), 7);
-    EXPECT_EQ(GetPrivateProfileInt("N", "missing", 9, file), 9);
+    // "-0" reads as 0 and so as missing; "wide" keeps its low 32 bits.
+    // clang-format off
+    for (auto [key, expected] : {std::pair{"zero", 0}, {"double", 0}, {"minus", 9}, {"mixed", 12},
+                                 {"word", 9}, {"hex", 9}, {"lead", 5}, {"neg", -3}, {"wide", 1},
+                                 {"quoted", 7}, {"missing", 9}}) {
+        // clang-format on
+        EXPECT_EQ(GetPrivateProfileInt("N", key, 9, file), expected) << key;
+    }
     EXPECT_EQ(GetPrivateProfileInt(nullptr, "zero", 9, file), 9);
     EXPECT_EQ(GetPrivateProfileInt("N", nullptr, 9, file), 9);
 }

