@@ -45,7 +45,8 @@ struct Family {
     Family(const std::string& familyAcd, bool shared = true) {
         dir.write("zq1a00/family.key", kFamilyKey);
         dir.write("zq1a00/device.acd", familyAcd);
-        if (shared) dir.write("device.acd", kSharedAcd);
+        if (shared)
+            dir.write("device.acd", kSharedAcd);
     }
 };
 
@@ -88,7 +89,7 @@ TEST(LoadDeviceAcd, EveryKeyLandsInItsMember) {
     EXPECT_EQ(file.m_defaultASC, "ASC20") << "the last chip record is the default";
 }
 
-TEST(LoadDeviceAcd, SharedFileDefaultAndEmptyRecords) {
+TEST(LoadDeviceAcd, SharedFileDefaultEmptyRecordsAndNoSharedFile) {
     Family family(std::string(kFamilyAcd) + "DEVICE_DATAS = ZQ4, P : : ZQ12, P\n");
     family.dir.write("device.acd", std::string(kSharedAcd) +
                                        "ASC_DATAS = ASC10, 1 : ASC20, 2 : \n"
@@ -101,15 +102,13 @@ TEST(LoadDeviceAcd, SharedFileDefaultAndEmptyRecords) {
         << "a record without fields is an empty row under the empty key";
     EXPECT_TRUE(file.m_deviceSection.m_datas.at("").empty());
     EXPECT_EQ(file.m_ascSection.m_datas.count(""), 1u);
-}
 
-TEST(LoadDeviceAcd, MissingSharedFileIsNotAFailure) {
-    Family family(kFamilyAcd, /*shared=*/false);
-    DataDirScope scope(family.dir.path());
-    TarnSDSFile file("zq1a00", nullptr);
-    ASSERT_TRUE(file.loadDeviceAcd());
-    EXPECT_TRUE(file.m_ascSection.m_datas.empty());
-    EXPECT_EQ(file.m_defaultASC, "");
+    Family noShared(kFamilyAcd, /*shared=*/false);
+    DataDirScope noSharedScope(noShared.dir.path());
+    TarnSDSFile alone("zq1a00", nullptr);
+    ASSERT_TRUE(alone.loadDeviceAcd()) << "a missing shared file is not a failure";
+    EXPECT_TRUE(alone.m_ascSection.m_datas.empty());
+    EXPECT_EQ(alone.m_defaultASC, "");
 }
 
 TEST(LoadDeviceAcd, EnableGate) {
@@ -141,25 +140,4 @@ TEST(LoadDeviceAcd, PackageAliasesAreMandatory) {
     EXPECT_EQ(file.m_partGenerateMethod, "OPN") << "read before the alias check, kept as written";
     EXPECT_FALSE(file.m_ascSection.m_items.empty()) << "the shared file was read first";
     EXPECT_TRUE(file.m_resourceItems.empty()) << "nothing after the alias check is read";
-}
-
-TEST(FamilyFile, ResetKeepsGeneratedTablesResetAllDoesNot) {
-    TarnSDSFile file("zq1a00", nullptr);
-    file.m_partGenerateMethod = "opn";
-    file.m_pkgAlias["QF48"] = {"Q48"};
-    file.m_genericDevices.m_items = {"Device"};
-    file.m_genericDevices.m_datas["ZQ4-6Q48C"] = {"ZQ4"};
-    file.m_deviceInfo.m_datas["ZQ4_QF48"] = {"640"};
-    file.m_defaultASC = "ASC10";
-    file.reset();
-    EXPECT_TRUE(file.m_pkgAlias.empty());
-    EXPECT_EQ(file.m_defaultASC, "");
-    EXPECT_EQ(file.m_partGenerateMethod, "opn");
-    EXPECT_EQ(file.m_genericDevices.m_datas.size(), 1u);
-    EXPECT_EQ(file.m_deviceInfo.m_datas.size(), 1u);
-    file.resetAll();
-    EXPECT_TRUE(file.m_genericDevices.m_items.empty());
-    EXPECT_TRUE(file.m_genericDevices.m_datas.empty());
-    EXPECT_TRUE(file.m_deviceInfo.m_datas.empty());
-    EXPECT_EQ(file.m_pm, "zq1a00");
 }
