@@ -54,9 +54,7 @@ TEST(MngrEnumeration, UnloadedPmLeavesTheListAlone) {
     makeNaturalFamily(mngr);
     Strings out{"kept"};
     mngr.getDevices("zr9a00", out, true, true);
-    mngr.getPackages("zr9a00", "ZR4", out, true, true);
     mngr.getSpeeds("zr9a00", "ZR4", "BG100", out, true, true);
-    mngr.getOperations("zr9a00", "ZR4", "BG100", "6", out, true, true);
     mngr.getAllPartsByPM("zr9a00", out, true, true);
     EXPECT_EQ(out, Strings{"kept"});
     // A loaded family empties the list even when nothing matches.
