@@ -25,8 +25,9 @@ bool isJson(const std::string& text) {
 struct SmallInstall {
     TempDir dir;
     SmallInstall() {
-        dir.write("tb1a00/family.key", "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
-                                       "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
+        dir.write("tb1a00/family.key",
+                  "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
+                  "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
         dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n");
         dir.write("tb2a00/family.key", "FAMILY = TBOFF\nDEVICES = TB9\n");
         dir.write("tb2a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
@@ -47,13 +48,12 @@ TEST(ToolBasics, EmptyDataDirectoryListsNothing) {
 }
 
 TEST(ToolBasics, UsageErrorsAreOneLineAndNonZero) {
-    std::string out, err;
-    EXPECT_NE(runTool("no-such-command", &out, &err), 0);
-    EXPECT_EQ(lineCount(err), 1) << err;
-    EXPECT_NE(runTool("key zr1a00", &out, &err), 0) << "missing argument";
-    EXPECT_EQ(lineCount(err), 1) << err;
-    EXPECT_NE(runTool("", &out, &err), 0) << "no command";
-    EXPECT_EQ(lineCount(err), 1) << err;
+    // An unknown command, a missing argument, no command at all.
+    for (const char* args : {"no-such-command", "key zr1a00", ""}) {
+        std::string out, err;
+        EXPECT_NE(runTool(args, &out, &err), 0) << args;
+        EXPECT_EQ(lineCount(err), 1) << args << ": " << err;
+    }
 }
 
 TEST(ToolBasics, HelpForTheToolAndEachCommand) {
@@ -74,8 +74,7 @@ TEST(ToolBasics, CatalogueCommandsAndTraces) {
     EXPECT_EQ(out, "tb1a00\ntb1a00\ntb2a00\n") << "TBALT, TBF and TBOFF, in that order";
     EXPECT_EQ(runTool(install.data() + "pms --loaded", &out, &err), 0);
     EXPECT_EQ(out, "tb1a00\n");
-    EXPECT_NE(err.find("devctrl: Failed to load device.acd of tb2a00\n"), std::string::npos)
-        << err;
+    EXPECT_NE(err.find("devctrl: Failed to load device.acd of tb2a00\n"), std::string::npos) << err;
     EXPECT_NE(err.find("devctrl: TarnDeviceMngr failed to load tb2a00 device information.\n"),
               std::string::npos);
 
