@@ -103,15 +103,9 @@ TEST(SampleDataWalk, ToolExportAndPartsAgreeWithTheManager) {
         SCOPED_TRACE(pm);
         const QJsonObject family = pms[QString::fromStdString(pm)].toObject();
         EXPECT_EQ(family["family"].toString().toStdString(), TarnDeviceMngr::basePmToFamily(pm));
-        Strings devices, packages, parts;
+        Strings devices, parts;
         mngr.getDevices(pm, devices, true, false);
         EXPECT_EQ(fromJson(family["devices"]), devices);
-        for (const auto& device : devices) {
-            mngr.getPackages(pm, device, packages, true, false);
-            EXPECT_EQ(fromJson(family["packages"][QString::fromStdString(device)]), packages)
-                << device;
-        }
-
         mngr.getAllPartsByPM(pm, parts, true, false);
         const QJsonArray exported = family["parts"].toArray();
         ASSERT_EQ(static_cast<std::size_t>(exported.size()), parts.size());
