@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "devctrl/sds/sds_file.h"
 #include "support/test_env.h"
 
@@ -112,23 +114,19 @@ TEST(LoadDeviceAcd, SharedFileDefaultEmptyRecordsAndNoSharedFile) {
 }
 
 TEST(LoadDeviceAcd, EnableGate) {
-    struct Case {
-        const char* line;
-        bool loads;
-    };
-    for (Case c : {Case{"PM_ENABLE = TRUE\n", true}, Case{"PM_ENABLE = true\n", true},
-                   Case{"PM_ENABLE = yes\n", false}, Case{"PM_ENABLE = 1\n", false},
-                   Case{"PM_ENABLE =\n", false}, Case{"", false}}) {
-        Family family(std::string(c.line) + "PKG_ALIAS = QF48, Q48\n");
+    for (auto [line, loads] : {std::pair{"PM_ENABLE = TRUE\n", true},
+                               {"PM_ENABLE = true\n", true},
+                               {"PM_ENABLE = yes\n", false},
+                               {"PM_ENABLE = 1\n", false},
+                               {"PM_ENABLE =\n", false},
+                               {"", false}}) {
+        Family family(std::string(line) + "PKG_ALIAS = QF48, Q48\n");
         DataDirScope scope(family.dir.path());
-        {
-            EnvGuard showAll("TARN_SHOW_ALL_DEVICES", nullptr);
-            TarnSDSFile file("zq1a00", nullptr);
-            EXPECT_EQ(file.loadDeviceAcd(), c.loads) << c.line;
-        }
+        EnvGuard hidden("TARN_SHOW_ALL_DEVICES", nullptr);
+        EXPECT_EQ(TarnSDSFile("zq1a00", nullptr).loadDeviceAcd(), loads) << line;
         EnvGuard showAll("TARN_SHOW_ALL_DEVICES", "");
-        TarnSDSFile file("zq1a00", nullptr);
-        EXPECT_TRUE(file.loadDeviceAcd()) << "any value, even empty, shows every family";
+        EXPECT_TRUE(TarnSDSFile("zq1a00", nullptr).loadDeviceAcd())
+            << "any value, even empty, shows every family";
     }
 }
 

@@ -9,35 +9,19 @@ using devctrl_test::readFile;
 using devctrl_test::runTool;
 using devctrl_test::TempDir;
 
+// The layout of the text form is the writer's business and is checked
+// there; the tool must give the same text for a file in either form.
 TEST(PwdCommands, DumpCompileDumpRoundTripsByteForByte) {
     TempDir dir;
-    std::string text = dir.write("zr1a00.pwd",
-                                 "[[Device Info]]\n"
-                                 "Vendor=Tarn\n"
-                                 "format = LUT,,FF\n"
-                                 "ZR4_QF48=640,,2,\n"
-                                 "  ZR4_BG100 = 640 \r\n"
-                                 "[[Second]]\n"
-                                 "Format = RAM\n");
-    std::string out, err;
+    std::string text = dir.write("zr1a00.pwd", "[[Device Info]]\nformat = LUT,,FF\n R = 1,,2\n");
+    std::string out, err, dump;
     ASSERT_EQ(runTool("pwd-compile " + text + " " + dir.file("a.bin"), &out, &err), 0) << err;
-    std::string firstDump;
-    ASSERT_EQ(runTool("pwd-dump " + dir.file("a.bin"), &firstDump, &err), 0) << err;
-    EXPECT_EQ(firstDump,
-              "[[Device Info]]\n"
-              "Vendor = Tarn\n"
-              "Format = LUT, , FF\n"
-              "ZR4_QF48 = 640, , 2, \n"
-              "ZR4_BG100 = 640\n"
-              "\n"
-              "[[Second]]\n"
-              "Format = RAM\n");
-    // The text form dumps the same as its binary.
+    ASSERT_EQ(runTool("pwd-dump " + dir.file("a.bin"), &dump, &err), 0) << err;
+    EXPECT_EQ(dump, "[[Device Info]]\nFormat = LUT, , FF\nR = 1, , 2\n");
     ASSERT_EQ(runTool("pwd-dump " + text, &out, &err), 0) << err;
-    EXPECT_EQ(out, firstDump);
-
+    EXPECT_EQ(out, dump);
     // Compiling the dump gives the same bytes again.
-    std::string dumped = dir.write("dumped.txt", firstDump);
+    std::string dumped = dir.write("dumped.txt", dump);
     ASSERT_EQ(runTool("pwd-compile " + dumped + " " + dir.file("b.bin"), &out, &err), 0) << err;
     EXPECT_EQ(readFile(dir.file("b.bin")), readFile(dir.file("a.bin")));
 }

@@ -56,17 +56,6 @@ TEST(ToolBasics, UsageErrorsAreOneLineAndNonZero) {
     }
 }
 
-TEST(ToolBasics, HelpForTheToolAndEachCommand) {
-    std::string out;
-    EXPECT_EQ(runTool("--help", &out), 0);
-    for (const char* command : {"families", "pms", "family-of", "pm-of", "key", "default-device"}) {
-        EXPECT_NE(out.find(command), std::string::npos) << command;
-        std::string help;
-        EXPECT_EQ(runTool(std::string(command) + " --help", &help), 0) << command;
-        EXPECT_NE(help.find("Usage"), std::string::npos) << command;
-    }
-}
-
 TEST(ToolBasics, CatalogueCommandsAndTraces) {
     SmallInstall install;
     std::string out, err;

@@ -53,42 +53,30 @@ TEST(ProfileText, QuotesAndBracketsNeedBothEnds) {
     EXPECT_EQ(rmbrackets(nullptr), 0);
 }
 
-TEST(ProfileText, StptokSplitsAtDelimiterRuns) {
-    char tok[16] = "untouched";
-    const char* text = "key==,value";
-    const char* rest = stptok(text, tok, sizeof tok, "=,");
-    EXPECT_STREQ(tok, "key");
-    EXPECT_EQ(rest, text + 6);
-
-    // The last token: the rest is null.
-    EXPECT_EQ(stptok("tail", tok, sizeof tok, "="), nullptr);
-    EXPECT_STREQ(tok, "tail");
-    // Delimiters up to the end: null as well.
-    EXPECT_EQ(stptok("key=", tok, sizeof tok, "="), nullptr);
-    EXPECT_STREQ(tok, "key");
-    // A leading delimiter gives an empty token.
-    const char* leading = "=v";
-    EXPECT_EQ(stptok(leading, tok, sizeof tok, "="), leading + 1);
-    EXPECT_STREQ(tok, "");
+// "token|rest" after one stptok call on `text` (rest as an offset into
+// `text`, or "null"), the token buffer holding "old" before.
+std::string tokenAndRest(const char* text, unsigned size, const char* delimiters) {
+    char tok[16] = "old";
+    const char* rest = stptok(text, tok, size, delimiters);
+    return std::string(tok) + "|" + (rest ? std::to_string(rest - text) : "null");
 }
 
-TEST(ProfileText, StptokLimitsAndNullCases) {
-    char tok[4] = "old";
-    const char* text = "abcdef=g";
-    // A full token leaves the rest where the copy stopped.
-    EXPECT_EQ(stptok(text, tok, sizeof tok, "="), text + 3);
-    EXPECT_STREQ(tok, "abc");
-    // A token size of one or less stores an empty token and returns s.
-    strcpy(tok, "old");
-    EXPECT_EQ(stptok(text, tok, 1, "="), text);
-    EXPECT_STREQ(tok, "");
+TEST(ProfileText, StptokSplitsAtDelimiterRuns) {
+    EXPECT_EQ(tokenAndRest("key==,value", 16, "=,"), "key|6");
+    EXPECT_EQ(tokenAndRest("tail", 16, "="), "tail|null");  // the last token
+    EXPECT_EQ(tokenAndRest("key=", 16, "="), "key|null");   // delimiters up to the end
+    EXPECT_EQ(tokenAndRest("=v", 16, "="), "|1");           // a leading delimiter
+    // A full token leaves the rest where the copy stopped; a size of one or
+    // less stores an empty token and returns the text itself.
+    EXPECT_EQ(tokenAndRest("abcdef=g", 4, "="), "abc|3");
+    EXPECT_EQ(tokenAndRest("abcdef=g", 1, "="), "|0");
     // An empty or null input leaves the token untouched.
-    strcpy(tok, "old");
-    EXPECT_EQ(stptok("", tok, sizeof tok, "="), nullptr);
+    EXPECT_EQ(tokenAndRest("", 4, "="), "old|null");
+    EXPECT_EQ(tokenAndRest("abcdef=g", 4, nullptr), "old|null");
+    char tok[4] = "old";
     EXPECT_EQ(stptok(nullptr, tok, sizeof tok, "="), nullptr);
-    EXPECT_EQ(stptok(text, tok, sizeof tok, nullptr), nullptr);
+    EXPECT_EQ(stptok("abc", nullptr, sizeof tok, "="), nullptr);
     EXPECT_STREQ(tok, "old");
-    EXPECT_EQ(stptok(text, nullptr, sizeof tok, "="), nullptr);
 }
 
 }  // namespace
