@@ -60,27 +60,24 @@ void keySectionThenTable(PD_DATA& d, const char* table, const char* column,
     }
 }
 
+void entry(PD_DATA& d, const char* key, const char* value) {
+    d.AddKeySection("S")->addEntry(d.pool().intern(key), d.pool().intern(value));
+}
+
 TEST(PdTextWriter, RefusesWhatTheTextFormCannotSay) {
     using Build = void (*)(PD_DATA&);
+    // clang-format off
     const std::pair<const char*, Build> cases[] = {
         {"table first", [](PD_DATA& d) { d.AddTable("Format"); }},
         {"table not named Format", [](PD_DATA& d) { keySectionThenTable(d, "Other", "A"); }},
         {"comma in a column", [](PD_DATA& d) { keySectionThenTable(d, "Format", "A,B"); }},
-        {"row keyed format",
-         [](PD_DATA& d) {
-             keySectionThenTable(d, "Format", "A", {"format", "1"});
-         }},
+        {"format row", [](PD_DATA& d) { keySectionThenTable(d, "Format", "A", {"format", "1"}); }},
         {"no cell after the key", [](PD_DATA& d) { keySectionThenTable(d, "Format", "A", {"R"}); }},
-        {"'=' in a key",
-         [](PD_DATA& d) {
-             d.AddKeySection("S")->addEntry(d.pool().intern("k=1"), d.pool().intern("v"));
-         }},
-        {"newline in a value",
-         [](PD_DATA& d) {
-             d.AddKeySection("S")->addEntry(d.pool().intern("k"), d.pool().intern("two\nlines"));
-         }},
+        {"'=' in a key", [](PD_DATA& d) { entry(d, "k=1", "v"); }},
+        {"newline in a value", [](PD_DATA& d) { entry(d, "k", "two\nlines"); }},
         {"padded section name", [](PD_DATA& d) { d.AddKeySection(" padded"); }},
     };
+    // clang-format on
     for (const auto& [name, build] : cases) {
         PD_DATA data;
         build(data);
