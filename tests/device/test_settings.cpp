@@ -24,18 +24,10 @@ class FeatureSettings : public ::testing::Test {
 TEST_F(FeatureSettings, DefaultsForUnknownPartsAndMissingValuesAndValuesFromTheData) {
     // The names of the features a part has switched on.
     auto enabled = [&](const std::string& part) {
-        std::string names;
-        if (mngr->enableSynplify(part))
-            names += " synplify";
-        if (mngr->enablePrecision(part))
-            names += " precision";
-        if (mngr->enableICF(part))
-            names += " icf";
-        if (mngr->enableLST(part))
-            names += " lst";
-        if (mngr->enableBitgen(part))
-            names += " bitgen";
-        return names;
+        return std::string(mngr->enableSynplify(part) ? " synplify" : "") +
+               (mngr->enablePrecision(part) ? " precision" : "") +
+               (mngr->enableICF(part) ? " icf" : "") + (mngr->enableLST(part) ? " lst" : "") +
+               (mngr->enableBitgen(part) ? " bitgen" : "");
     };
     for (const std::string part : {"ZR99-6BG100C", "ZR12-6BG100C"}) {
         EXPECT_EQ(enabled(part), " synplify precision bitgen") << part;
