@@ -15,16 +15,6 @@ namespace {
 using Counts = std::map<std::string, int>;
 using List = std::vector<std::string>;
 
-class AscData : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        family = devctrl_test::makeAscFamily(&*mngr);
-        mngr->adoptFamilyFile(family);
-    }
-    devctrl_test::ScopedManager mngr;
-    TarnSDSFile* family = nullptr;
-};
-
 // "yes: A=1 B=2" or "no: ..." for an answer and the map or list it left,
 // starting from a stale entry that every call must clear.
 template <typename Out>
@@ -40,6 +30,25 @@ std::string answer(bool ok, const Out& out) {
     }
     return text;
 }
+
+class AscData : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        family = devctrl_test::makeAscFamily(&*mngr);
+        mngr->adoptFamilyFile(family);
+    }
+    // The ASC totals of the family, or the manager's full report.
+    std::string report(const std::string& part, List linked, bool fromManager) {
+        TarnDeviceObj device(part);
+        device.m_ascList = std::move(linked);
+        KeyValueReport data;
+        bool ok =
+            fromManager ? mngr->calcDeviceData(device, data) : family->calcASCData(device, data);
+        return answer(ok, data);
+    }
+    devctrl_test::ScopedManager mngr;
+    TarnSDSFile* family = nullptr;
+};
 
 TEST_F(AscData, OnBoardAndLinkableChipsNeedOneFieldPerAscType) {
     auto onBoard = [&](const std::string& part) {
@@ -95,12 +104,7 @@ TEST_F(AscData, ResourcesOfOneChipTypeScaleWithCount) {
 }
 
 TEST_F(AscData, TotalsAddOnBoardAndLinkedChips) {
-    auto totals = [&](const std::string& part, List linked) {
-        TarnDeviceObj device(part);
-        device.m_ascList = std::move(linked);
-        KeyValueReport data;
-        return answer(family->calcASCData(device, data), data);
-    };
+    auto totals = [&](const std::string& part, List linked) { return report(part, linked, false); };
     // Two on-board AX2, two linked AX2 and one linked AX1: ADC 4*6+4, GPIO 4*10+8.
     EXPECT_EQ(totals("ZR4-6BG100C", {"AX2", "AX1", "AX2"}), "yes: ADC=28 GPIO=48 DAC=2");
     EXPECT_EQ(totals("ZR4-6BG100C", {}), "yes: ADC=12 GPIO=20 DAC=0") << "zeros are reported";
@@ -122,16 +126,11 @@ TEST_F(AscData, DeviceRowInItemOrder) {
 }
 
 TEST_F(AscData, ManagerReportIsDeviceRowThenAscTotals) {
-    auto report = [&](const std::string& part, List linked) {
-        TarnDeviceObj device(part);
-        device.m_ascList = std::move(linked);
-        KeyValueReport data;
-        return answer(mngr->calcDeviceData(device, data), data);
-    };
-    EXPECT_EQ(report("ZR4-6BG100C", {"AX1"}), "yes: LUT=640 FF=600 EBR=2 ADC=16 GPIO=28 DAC=2");
-    EXPECT_EQ(report("ZR12-6BG100C", {}), "no: LUT=1280 FF=1200 EBR=4")
+    EXPECT_EQ(report("ZR4-6BG100C", {"AX1"}, true),
+              "yes: LUT=640 FF=600 EBR=2 ADC=16 GPIO=28 DAC=2");
+    EXPECT_EQ(report("ZR12-6BG100C", {}, true), "no: LUT=1280 FF=1200 EBR=4")
         << "the device rows stay when the ASC step fails";
-    EXPECT_EQ(report("ZR99-6BG100C", {}), "no:");
+    EXPECT_EQ(report("ZR99-6BG100C", {}, true), "no:");
     KeyValueReport data;
     EXPECT_FALSE(mngr->calcDeviceData("zr9z00", "ZR4", "BG100", data));
     EXPECT_TRUE(mngr->calcDeviceData("zr1a00", "ZR4", "BG100", data));
