@@ -44,7 +44,7 @@ TEST(ToolDeviceCommands, ReportValidateCheckSettingsAndAsc) {
         {"asc part ZR150-6FG1156C",
          0,
          {"on board  ASC20 x1, ASC40 x1", "linkable  ASC10, ASC20, ASC40"}},
-        {"dump zz9z99", 1, {"devctrl: unknown PM: zz9z99"}},
+        {"dump zz9z99", 1, {"devctrl: unknown PM or family 'zz9z99'"}},
     };
     for (const Case& c : cases) {
         std::string out, err;

@@ -3,6 +3,7 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -12,17 +13,16 @@ class DumpCommand : public Command {
     std::string name() const override { return "dump"; }
     std::string summary() const override { return "Print every table of a family, for diagnosis"; }
     void configure(CLI::App& command) override {
-        command.add_option("pm", m_pm, "PM code of a loaded family")->required();
+        command.add_option("PM", m_pm, "PM code or family name")->required();
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        if (!mngr.getFamilyFile(m_pm))
-            throw ToolError("unknown PM: " + m_pm);
+        const std::string pm = resolvePm(mngr, m_pm);
         // The library prints to standard output; with --json the dump is
         // passed on as one string.
         std::ostringstream captured;
         std::streambuf* previous = std::cout.rdbuf(captured.rdbuf());
-        mngr.printMe(m_pm);
+        mngr.printMe(pm);
         std::cout.rdbuf(previous);
         context.out.print(qs(captured.str()), captured.str());
         return 0;

@@ -2,6 +2,7 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -22,19 +23,18 @@ class WriteSdsCommand : public Command {
         return "Write a family's device-support description file";
     }
     void configure(CLI::App& command) override {
-        command.add_option("pm", m_pm, "PM code of a loaded family")->required();
-        command.add_option("file", m_file, "File to (re)write")->required();
+        command.add_option("PM", m_pm, "PM code or family name")->required();
+        command.add_option("FILE", m_file, "File to (re)write")->required();
         command.footer(
             "The file lists the family's generated parts with their columns and its resource "
             "rows. It is written completely or not at all.");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        if (!mngr.getFamilyFile(m_pm))
-            throw ToolError("unknown PM: " + m_pm);
+        const std::string pm = resolvePm(mngr, m_pm);
         ino_t before = 0;
         bool existed = fileIdentity(m_file, before);
-        mngr.writeSDS(m_pm, m_file);
+        mngr.writeSDS(pm, m_file);
         // The library says nothing; a successful write always puts a new file
         // in place, so an unchanged (or still missing) file means failure.
         ino_t after = 0;
