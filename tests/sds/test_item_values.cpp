@@ -48,4 +48,8 @@ TEST(SdsItemValues, LookupOrderPartThenOneLevelThenGeneratedTable) {
     bool found = false;
     EXPECT_EQ(file._internalGetDevPkgItemValue(found, "Pins", "ZR9", "QF48", "d"), "99");
     EXPECT_TRUE(found) << "the package row answers when it exists";
+    // A row shorter than the column list simply has no cell.
+    f.file.m_deviceSection.m_items.push_back("Grade");
+    EXPECT_EQ(file._internalGetDevPkgItemValue(found, "Grade", "ZR4", "QF48", "d"), "d");
+    EXPECT_FALSE(found);
 }
