@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <type_traits>
 
 #include "devctrl/device/device_obj.h"
 #include "device/asc_family_fixture.h"
@@ -14,46 +15,62 @@ namespace {
 using Counts = std::map<std::string, int>;
 using List = std::vector<std::string>;
 
+// "yes: A=1 B=2" or "no: ..." for an answer and the map or list it left,
+// starting from a stale entry that every call must clear.
+template <typename Out>
+std::string answer(bool ok, const Out& out) {
+    std::string text = ok ? "yes:" : "no:";
+    for (const auto& item : out) {
+        if constexpr (std::is_same_v<Out, List>)
+            text += " " + item;
+        else if constexpr (std::is_same_v<Out, Counts>)
+            text += " " + item.first + "=" + std::to_string(item.second);
+        else
+            text += " " + item.first + "=" + item.second;
+    }
+    return text;
+}
+
 class AscData : public ::testing::Test {
   protected:
     void SetUp() override {
         family = devctrl_test::makeAscFamily(&*mngr);
         mngr->adoptFamilyFile(family);
     }
+    // The ASC totals of the family, or the manager's full report.
+    std::string report(const std::string& part, List linked, bool fromManager) {
+        TarnDeviceObj device(part);
+        device.m_ascList = std::move(linked);
+        KeyValueReport data;
+        bool ok =
+            fromManager ? mngr->calcDeviceData(device, data) : family->calcASCData(device, data);
+        return answer(ok, data);
+    }
     devctrl_test::ScopedManager mngr;
     TarnSDSFile* family = nullptr;
 };
 
-TEST_F(AscData, OnBoardChipsNeedOneCountPerAscType) {
-    Counts ascs{{"stale", 1}};
-    EXPECT_TRUE(family->getInternalASCs("ZR4-6BG100C", ascs));
-    EXPECT_EQ(ascs, (Counts{{"AX2", 2}}));
+TEST_F(AscData, OnBoardAndLinkableChipsNeedOneFieldPerAscType) {
+    auto onBoard = [&](const std::string& part) {
+        Counts ascs{{"stale", 1}};
+        return answer(family->getInternalASCs(part, ascs), ascs);
+    };
+    EXPECT_EQ(onBoard("ZR4-6BG100C"), "yes: AX2=2");
+    EXPECT_EQ(onBoard("ZR12-7BG100C"), "yes:") << "well formed empty stock is an answer";
+    EXPECT_EQ(onBoard("ZR25-6BG100C"), "no:") << "1|2 for three types";
+    EXPECT_EQ(onBoard("ZR12-6BG100C"), "no:") << "no item";
+    Counts ascs;
+    EXPECT_TRUE(mngr->getInternalASCs("ZR4-6BG100C", ascs)) << "the manager asks the family";
+    EXPECT_FALSE(mngr->getInternalASCs("ZR99-6BG100C", ascs));
 
-    // Well formed but empty stock is still an answer.
-    EXPECT_TRUE(family->getInternalASCs("ZR12-7BG100C", ascs));
-    EXPECT_TRUE(ascs.empty());
-
-    ascs = {{"stale", 1}};
-    EXPECT_FALSE(family->getInternalASCs("ZR25-6BG100C", ascs));  // 1|2 for three types
-    EXPECT_TRUE(ascs.empty());
-    ascs = {{"stale", 1}};
-    EXPECT_FALSE(family->getInternalASCs("ZR12-6BG100C", ascs));  // no item
-    EXPECT_TRUE(ascs.empty());
-}
-
-TEST_F(AscData, LinkableChipsReadEachFieldAsTruthValue) {
-    List ascs{"stale"};
-    EXPECT_TRUE(family->getSupportedASCs("ZR4-6BG100C", ascs));  // 1|yes|0
-    EXPECT_EQ(ascs, (List{"AX1", "AX2"}));
-    EXPECT_TRUE(family->getSupportedASCs("ZR4-6QF48C", ascs));
-    EXPECT_EQ(ascs, (List{"AX3"}));
-
-    ascs = {"stale"};
-    EXPECT_FALSE(family->getSupportedASCs("ZR25-6BG100C", ascs));  // two fields
-    EXPECT_TRUE(ascs.empty());
-    ascs = {"stale"};
-    EXPECT_FALSE(family->getSupportedASCs("ZR12-6BG100C", ascs));
-    EXPECT_TRUE(ascs.empty());
+    auto linkable = [&](const std::string& part) {
+        List ascs{"stale"};
+        return answer(family->getSupportedASCs(part, ascs), ascs);
+    };
+    EXPECT_EQ(linkable("ZR4-6BG100C"), "yes: AX1 AX2") << "1|yes|0 read as truth values";
+    EXPECT_EQ(linkable("ZR4-6QF48C"), "yes: AX3");
+    EXPECT_EQ(linkable("ZR25-6BG100C"), "no:") << "two fields";
+    EXPECT_EQ(linkable("ZR12-6BG100C"), "no:");
 }
 
 TEST_F(AscData, CatalogueValues) {
@@ -72,59 +89,27 @@ TEST_F(AscData, CatalogueValues) {
 }
 
 TEST_F(AscData, ResourcesOfOneChipTypeScaleWithCount) {
-    Counts resources{{"stale", 1}};
-    family->_calcASCDataByType("AX1", 3, resources);
+    auto byType = [&](const std::string& type, int count) {
+        Counts resources{{"stale", 1}};
+        family->_calcASCDataByType(type, count, resources);
+        return answer(true, resources);
+    };
     // TEMP is a resource item that the catalogue does not describe.
-    EXPECT_EQ(resources, (Counts{{"ADC", 12}, {"DAC", 6}, {"GPIO", 24}}));
-
-    resources = {{"stale", 1}};
-    family->_calcASCDataByType("AX9", 1, resources);
-    EXPECT_TRUE(resources.empty());
-
+    EXPECT_EQ(byType("AX1", 3), "yes: ADC=12 DAC=6 GPIO=24");
+    EXPECT_EQ(byType("AX9", 1), "yes:");
     // A catalogue row too short for a resource column is an error, not zero.
-    try {
-        family->_calcASCDataByType("AX3", 1, resources);
-        FAIL() << "expected a range error";
-    } catch (const std::out_of_range& error) {
-        EXPECT_NE(std::string(error.what()).find("vector::_M_range_check"), std::string::npos);
-    }
-
+    EXPECT_THROW(byType("AX3", 1), std::out_of_range);
     family->m_ascResourceItems.clear();
-    resources = {{"stale", 1}};
-    family->_calcASCDataByType("AX1", 1, resources);
-    EXPECT_TRUE(resources.empty());
+    EXPECT_EQ(byType("AX1", 1), "yes:");
 }
 
 TEST_F(AscData, TotalsAddOnBoardAndLinkedChips) {
-    // Two on-board AX2, two linked AX2 and one linked AX1.
-    TarnDeviceObj device("ZR4-6BG100C");
-    device.m_ascList = {"AX2", "AX1", "AX2"};
-    KeyValueReport data{{"kept", "x"}};
-    EXPECT_TRUE(family->calcASCData(device, data));
-    EXPECT_EQ(data, (KeyValueReport{{"kept", "x"},
-                                    {"ADC", "28"},   // 4*6 + 4
-                                    {"GPIO", "48"},  // 4*10 + 8
-                                    {"DAC", "2"}}));
-
-    // Resources that a chip contributes as zero are still reported.
-    TarnDeviceObj onBoardOnly("ZR4-6BG100C");
-    data.clear();
-    EXPECT_TRUE(family->calcASCData(onBoardOnly, data));
-    EXPECT_EQ(data, (KeyValueReport{{"ADC", "12"}, {"GPIO", "20"}, {"DAC", "0"}}));
-
-    // No chips at all: true, nothing appended.
-    TarnDeviceObj nothingOnBoard("ZR12-7BG100C");
-    data.clear();
-    EXPECT_TRUE(family->calcASCData(nothingOnBoard, data));
-    EXPECT_TRUE(data.empty());
-}
-
-TEST_F(AscData, LinkedChipsAloneGiveNothingWithoutUsableStock) {
-    TarnDeviceObj device("ZR12-6BG100C");
-    device.m_ascList = {"AX1"};
-    KeyValueReport data;
-    EXPECT_FALSE(family->calcASCData(device, data));
-    EXPECT_TRUE(data.empty());
+    auto totals = [&](const std::string& part, List linked) { return report(part, linked, false); };
+    // Two on-board AX2, two linked AX2 and one linked AX1: ADC 4*6+4, GPIO 4*10+8.
+    EXPECT_EQ(totals("ZR4-6BG100C", {"AX2", "AX1", "AX2"}), "yes: ADC=28 GPIO=48 DAC=2");
+    EXPECT_EQ(totals("ZR4-6BG100C", {}), "yes: ADC=12 GPIO=20 DAC=0") << "zeros are reported";
+    EXPECT_EQ(totals("ZR12-7BG100C", {}), "yes:") << "no chips at all";
+    EXPECT_EQ(totals("ZR12-6BG100C", {"AX1"}), "no:") << "linked chips need usable stock data";
 }
 
 TEST_F(AscData, DeviceRowInItemOrder) {
@@ -141,43 +126,15 @@ TEST_F(AscData, DeviceRowInItemOrder) {
 }
 
 TEST_F(AscData, ManagerReportIsDeviceRowThenAscTotals) {
-    TarnDeviceObj device("ZR4-6BG100C");
-    device.m_ascList = {"AX1"};
+    EXPECT_EQ(report("ZR4-6BG100C", {"AX1"}, true),
+              "yes: LUT=640 FF=600 EBR=2 ADC=16 GPIO=28 DAC=2");
+    EXPECT_EQ(report("ZR12-6BG100C", {}, true), "no: LUT=1280 FF=1200 EBR=4")
+        << "the device rows stay when the ASC step fails";
+    EXPECT_EQ(report("ZR99-6BG100C", {}, true), "no:");
     KeyValueReport data;
-    EXPECT_TRUE(mngr->calcDeviceData(device, data));
-    EXPECT_EQ(data, (KeyValueReport{{"LUT", "640"},
-                                    {"FF", "600"},
-                                    {"EBR", "2"},
-                                    {"ADC", "16"},
-                                    {"GPIO", "28"},
-                                    {"DAC", "2"}}));
-
-    // The device rows stay when the ASC step fails.
-    data.clear();
-    TarnDeviceObj noStock("ZR12-6BG100C");
-    EXPECT_FALSE(mngr->calcDeviceData(noStock, data));
-    EXPECT_EQ(data, (KeyValueReport{{"LUT", "1280"}, {"FF", "1200"}, {"EBR", "4"}}));
-
-    data.clear();
-    TarnDeviceObj unknown("ZR99-6BG100C");
-    EXPECT_FALSE(mngr->calcDeviceData(unknown, data));
     EXPECT_FALSE(mngr->calcDeviceData("zr9z00", "ZR4", "BG100", data));
-    EXPECT_TRUE(data.empty());
     EXPECT_TRUE(mngr->calcDeviceData("zr1a00", "ZR4", "BG100", data));
     EXPECT_EQ(data.size(), 3u);
-}
-
-TEST_F(AscData, ManagerRoutesPartQuestionsToTheirFamily) {
-    Counts ascs;
-    EXPECT_TRUE(mngr->getInternalASCs("ZR4-6BG100C", ascs));
-    EXPECT_EQ(ascs, (Counts{{"AX2", 2}}));
-    EXPECT_FALSE(mngr->getInternalASCs("", ascs));
-    EXPECT_FALSE(mngr->getInternalASCs("ZR99-6BG100C", ascs));
-
-    List linkable;
-    EXPECT_TRUE(mngr->getSupportedASCs("ZR4-6QF48C", linkable));
-    EXPECT_EQ(linkable, (List{"AX3"}));
-    EXPECT_FALSE(mngr->getSupportedASCs("ZR99-6BG100C", linkable));
 }
 
 TEST_F(AscData, CatalogueQuestionsUseTheFamilyWhosePmSortsFirst) {

@@ -35,32 +35,9 @@ TEST(DeviceObj, TextFormListsChipsByNameWithCounts) {
 }
 
 TEST(DeviceObj, AscMapCountsExactNames) {
-    auto counts = deviceWith("P", {"ax1", "AX1", "AX1", "AX1 "}).getAscMap();
-    ASSERT_EQ(counts.size(), 3u);
-    EXPECT_EQ(counts["AX1"], 2);
-    EXPECT_EQ(counts["ax1"], 1);
-    EXPECT_EQ(counts["AX1 "], 1);
+    EXPECT_EQ(deviceWith("P", {"ax1", "AX1", "AX1", "AX1 "}).getAscMap(),
+              (std::map<std::string, int>{{"AX1", 2}, {"ax1", 1}, {"AX1 ", 1}}));
     EXPECT_TRUE(TarnDeviceObj("P").getAscMap().empty());
-}
-
-TEST(DeviceObj, CopiesAreDeepAndSelfAssignmentKeepsValue) {
-    TarnDeviceObj original = deviceWith("ZR4-6BG100C", {"AX1", "AX2"});
-    TarnDeviceObj copy(original);
-    EXPECT_TRUE(copy == original);
-    copy.m_ascList.push_back("AX3");
-    copy.m_part = "other";
-    EXPECT_EQ(original.m_ascList.size(), 2u);
-    EXPECT_EQ(original.m_part, "ZR4-6BG100C");
-
-    TarnDeviceObj& self = original;
-    original = self;
-    EXPECT_TRUE(original == deviceWith("ZR4-6BG100C", {"AX1", "AX2"}));
-
-    copy = original;  // replaces, does not append
-    EXPECT_TRUE(copy == original);
-    copy.clear();
-    EXPECT_TRUE(copy.m_part.empty());
-    EXPECT_TRUE(copy.m_ascList.empty());
 }
 
 TEST(DeviceObj, OnBoardChipsComeFromTheManager) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "devctrl/mngr/devstatus_flags.h"
 #include "sds/selection_fixture.h"
 
@@ -57,13 +59,13 @@ TEST(MngrPartLookup, StringToBool) {
 
 TEST(MngrPartLookup, DeviceStatusFlags) {
     using F = DEVSTATUS_FLAGS;
-    EXPECT_EQ(F::toDevStatusFlag("O"), F::PRODUCTION | F::OBSOLETE);
-    EXPECT_EQ(F::toDevStatusFlag("o"), F::PRODUCTION | F::OBSOLETE);
-    EXPECT_EQ(F::toDevStatusFlag("XO"), unsigned{F::OBSOLETE});
-    EXPECT_EQ(F::toDevStatusFlag("eo"), F::ENGINEERING | F::OBSOLETE);
-    EXPECT_EQ(F::toDevStatusFlag("P"), unsigned{F::PRODUCTION});
-    EXPECT_EQ(F::toDevStatusFlag("A"), unsigned{F::ADVANCED});
-    EXPECT_EQ(F::toDevStatusFlag(""), unsigned{F::NONE});
-    EXPECT_EQ(F::toDevStatusFlag("OBS"), unsigned{F::NONE});
-    EXPECT_EQ(F::toDevStatusFlag("X"), unsigned{F::NONE});
+    const unsigned obsoleteProduction = F::PRODUCTION | F::OBSOLETE;
+    // clang-format off
+    for (auto [status, flags] : {std::pair{"O", obsoleteProduction}, {"o", obsoleteProduction},
+             {"XO", unsigned{F::OBSOLETE}}, {"eo", F::ENGINEERING | F::OBSOLETE},
+             {"P", unsigned{F::PRODUCTION}}, {"A", unsigned{F::ADVANCED}}, {"", unsigned{F::NONE}},
+             {"OBS", unsigned{F::NONE}}, {"X", unsigned{F::NONE}}}) {
+        // clang-format on
+        EXPECT_EQ(F::toDevStatusFlag(status), flags) << '"' << status << '"';
+    }
 }

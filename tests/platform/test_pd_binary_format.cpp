@@ -2,6 +2,7 @@
 
 #include <random>
 #include <string>
+#include <utility>
 
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
@@ -134,29 +135,24 @@ TEST(PdBinaryFormat, DamagedPayloadWithValidChecksumFailsCleanly) {
     }
 
     // Counts that claim far more than the payload holds are refused before
-    // anything is reserved for them.
+    // anything is reserved for them; then a string index past the string
+    // table, an unknown kind, a length past the end and a varint longer than
+    // 32 bits. The smallest valid file has no strings and no sections.
+    const std::pair<std::string, const char*> payloads[] = {
+        {std::string("\xff\xff\xff\xff\x0f", 5), "bad string table"},
+        {std::string("\x00\xff\xff\xff\xff\x07", 6), "bad section count"},
+        {std::string("\x01\x01\x41\x01\x00\x05\x00", 7), ""},  // 0x41 is "A"
+        {std::string("\x01\x01\x41\x01\x07\x00\x00", 7), ""},
+        {std::string("\x01\x09\x41", 3), ""},
+        {std::string("\x80\x80\x80\x80\x80\x01", 6), ""},
+    };
+    for (const auto& [payload, reason] : payloads) {
+        PD_DATA data;
+        std::string why;
+        EXPECT_FALSE(decode(withHeader(payload), data, &why)) << reason;
+        EXPECT_EQ(*reason ? why : std::string(), reason);
+    }
     PD_DATA data;
-    std::string why;
-    EXPECT_FALSE(decode(withHeader(std::string("\xff\xff\xff\xff\x0f", 5)), data, &why));
-    EXPECT_EQ(why, "bad string table");
-    EXPECT_FALSE(decode(withHeader(std::string("\x00\xff\xff\xff\xff\x07", 6)), data, &why));
-    EXPECT_EQ(why, "bad section count");
-    // A string index past the string table, an unknown kind, a length past the end.
-    EXPECT_FALSE(decode(withHeader(std::string("\x01\x01"
-                                               "A\x01\x00\x05\x00",
-                                               7)),
-                        data));
-    EXPECT_FALSE(decode(withHeader(std::string("\x01\x01"
-                                               "A\x01\x07\x00\x00",
-                                               7)),
-                        data));
-    EXPECT_FALSE(decode(withHeader(std::string("\x01\x09"
-                                               "A",
-                                               3)),
-                        data));
-    // A varint longer than 32 bits.
-    EXPECT_FALSE(decode(withHeader(std::string("\x80\x80\x80\x80\x80\x01", 6)), data));
-    // The smallest valid file: no strings, no sections.
     EXPECT_TRUE(decode(withHeader(std::string("\x00\x00", 2)), data));
 }
 

@@ -65,20 +65,6 @@ TEST(PdTextReader, SectionsEntriesAndTables) {
     EXPECT_EQ(data.GetSectionName(4), nullptr);
 }
 
-TEST(PdTextReader, EmptyFieldsAreKept) {
-    PD_DATA data;
-    ASSERT_TRUE(data.LoadTxtString("[[Device Info]]\nFormat = A,,C\nP1 = 10,,30,\nP2 =\n"));
-    const PD_TABLE* table = tableAt(data, 1);
-    ASSERT_NE(table, nullptr);
-    EXPECT_EQ(table->GetNumOfColumns(), 4);
-    EXPECT_STREQ(table->GetColumnName(2), "");
-    ASSERT_EQ(table->GetRowList()[0].size(), 5u);
-    EXPECT_STREQ(table->GetValueAt(0, 1), "10");
-    EXPECT_STREQ(table->GetValueAt(0, 2), "");
-    EXPECT_STREQ(table->GetValueAt(0, 3), "30");
-    EXPECT_EQ(table->GetRowList()[1].size(), 2u);  // the key and one empty cell
-}
-
 TEST(PdTextReader, LineWithoutEqualsIsReportedAndSkipped) {
     PD_DATA data;
     TraceCapture trace;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "devctrl/sds/sds_file.h"
 #include "support/test_env.h"
 
@@ -45,7 +47,8 @@ struct Family {
     Family(const std::string& familyAcd, bool shared = true) {
         dir.write("zq1a00/family.key", kFamilyKey);
         dir.write("zq1a00/device.acd", familyAcd);
-        if (shared) dir.write("device.acd", kSharedAcd);
+        if (shared)
+            dir.write("device.acd", kSharedAcd);
     }
 };
 
@@ -88,7 +91,7 @@ TEST(LoadDeviceAcd, EveryKeyLandsInItsMember) {
     EXPECT_EQ(file.m_defaultASC, "ASC20") << "the last chip record is the default";
 }
 
-TEST(LoadDeviceAcd, SharedFileDefaultAndEmptyRecords) {
+TEST(LoadDeviceAcd, SharedFileDefaultEmptyRecordsAndNoSharedFile) {
     Family family(std::string(kFamilyAcd) + "DEVICE_DATAS = ZQ4, P : : ZQ12, P\n");
     family.dir.write("device.acd", std::string(kSharedAcd) +
                                        "ASC_DATAS = ASC10, 1 : ASC20, 2 : \n"
@@ -101,35 +104,29 @@ TEST(LoadDeviceAcd, SharedFileDefaultAndEmptyRecords) {
         << "a record without fields is an empty row under the empty key";
     EXPECT_TRUE(file.m_deviceSection.m_datas.at("").empty());
     EXPECT_EQ(file.m_ascSection.m_datas.count(""), 1u);
-}
 
-TEST(LoadDeviceAcd, MissingSharedFileIsNotAFailure) {
-    Family family(kFamilyAcd, /*shared=*/false);
-    DataDirScope scope(family.dir.path());
-    TarnSDSFile file("zq1a00", nullptr);
-    ASSERT_TRUE(file.loadDeviceAcd());
-    EXPECT_TRUE(file.m_ascSection.m_datas.empty());
-    EXPECT_EQ(file.m_defaultASC, "");
+    Family noShared(kFamilyAcd, /*shared=*/false);
+    DataDirScope noSharedScope(noShared.dir.path());
+    TarnSDSFile alone("zq1a00", nullptr);
+    ASSERT_TRUE(alone.loadDeviceAcd()) << "a missing shared file is not a failure";
+    EXPECT_TRUE(alone.m_ascSection.m_datas.empty());
+    EXPECT_EQ(alone.m_defaultASC, "");
 }
 
 TEST(LoadDeviceAcd, EnableGate) {
-    struct Case {
-        const char* line;
-        bool loads;
-    };
-    for (Case c : {Case{"PM_ENABLE = TRUE\n", true}, Case{"PM_ENABLE = true\n", true},
-                   Case{"PM_ENABLE = yes\n", false}, Case{"PM_ENABLE = 1\n", false},
-                   Case{"PM_ENABLE =\n", false}, Case{"", false}}) {
-        Family family(std::string(c.line) + "PKG_ALIAS = QF48, Q48\n");
+    for (auto [line, loads] : {std::pair{"PM_ENABLE = TRUE\n", true},
+                               {"PM_ENABLE = true\n", true},
+                               {"PM_ENABLE = yes\n", false},
+                               {"PM_ENABLE = 1\n", false},
+                               {"PM_ENABLE =\n", false},
+                               {"", false}}) {
+        Family family(std::string(line) + "PKG_ALIAS = QF48, Q48\n");
         DataDirScope scope(family.dir.path());
-        {
-            EnvGuard showAll("TARN_SHOW_ALL_DEVICES", nullptr);
-            TarnSDSFile file("zq1a00", nullptr);
-            EXPECT_EQ(file.loadDeviceAcd(), c.loads) << c.line;
-        }
+        EnvGuard hidden("TARN_SHOW_ALL_DEVICES", nullptr);
+        EXPECT_EQ(TarnSDSFile("zq1a00", nullptr).loadDeviceAcd(), loads) << line;
         EnvGuard showAll("TARN_SHOW_ALL_DEVICES", "");
-        TarnSDSFile file("zq1a00", nullptr);
-        EXPECT_TRUE(file.loadDeviceAcd()) << "any value, even empty, shows every family";
+        EXPECT_TRUE(TarnSDSFile("zq1a00", nullptr).loadDeviceAcd())
+            << "any value, even empty, shows every family";
     }
 }
 
@@ -141,25 +138,4 @@ TEST(LoadDeviceAcd, PackageAliasesAreMandatory) {
     EXPECT_EQ(file.m_partGenerateMethod, "OPN") << "read before the alias check, kept as written";
     EXPECT_FALSE(file.m_ascSection.m_items.empty()) << "the shared file was read first";
     EXPECT_TRUE(file.m_resourceItems.empty()) << "nothing after the alias check is read";
-}
-
-TEST(FamilyFile, ResetKeepsGeneratedTablesResetAllDoesNot) {
-    TarnSDSFile file("zq1a00", nullptr);
-    file.m_partGenerateMethod = "opn";
-    file.m_pkgAlias["QF48"] = {"Q48"};
-    file.m_genericDevices.m_items = {"Device"};
-    file.m_genericDevices.m_datas["ZQ4-6Q48C"] = {"ZQ4"};
-    file.m_deviceInfo.m_datas["ZQ4_QF48"] = {"640"};
-    file.m_defaultASC = "ASC10";
-    file.reset();
-    EXPECT_TRUE(file.m_pkgAlias.empty());
-    EXPECT_EQ(file.m_defaultASC, "");
-    EXPECT_EQ(file.m_partGenerateMethod, "opn");
-    EXPECT_EQ(file.m_genericDevices.m_datas.size(), 1u);
-    EXPECT_EQ(file.m_deviceInfo.m_datas.size(), 1u);
-    file.resetAll();
-    EXPECT_TRUE(file.m_genericDevices.m_items.empty());
-    EXPECT_TRUE(file.m_genericDevices.m_datas.empty());
-    EXPECT_TRUE(file.m_deviceInfo.m_datas.empty());
-    EXPECT_EQ(file.m_pm, "zq1a00");
 }

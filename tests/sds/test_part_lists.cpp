@@ -96,11 +96,3 @@ TEST(SdsPartLists, CustomItemsSkipGenerationAndResourceColumns) {
     file.getCustomItems(items);
     EXPECT_EQ(items, (Strings{"first", "Status", "ASCMaxNum", "Status", "Synthesis"}));
 }
-
-TEST(SdsPartLists, FilterVectorKeepsListedPositionsInRowOrder) {
-    Strings row{"a", "b", "c"};
-    TarnSDSFile::filterVector(row, {2, 0, 2, 7});
-    EXPECT_EQ(row, (Strings{"a", "c"}));
-    TarnSDSFile::filterVector(row, {});
-    EXPECT_TRUE(row.empty());
-}

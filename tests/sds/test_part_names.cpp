@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "devctrl/sds/sds_file.h"
 
@@ -29,22 +30,18 @@ TEST(SdsPartNames, ShortPackageFollowsPkgIndex) {
 }
 
 TEST(SdsPartNames, ConditionNamesAndObsoleteStatus) {
-    EXPECT_EQ(TarnSDSFile::getFullConditionName('c'), "COM");
-    EXPECT_EQ(TarnSDSFile::getFullConditionName('I'), "IND");
-    EXPECT_EQ(TarnSDSFile::getFullConditionName('a'), "AUTO");
-    EXPECT_EQ(TarnSDSFile::getFullConditionName('E'), "");
-    EXPECT_EQ(TarnSDSFile::getFullConditionName('X'), "");
+    for (auto [letter, name] :
+         {std::pair{'c', "COM"}, {'I', "IND"}, {'a', "AUTO"}, {'E', ""}, {'X', ""}})
+        EXPECT_EQ(TarnSDSFile::getFullConditionName(letter), name) << letter;
 
     TarnSDSFile file("zr1a00", nullptr);
     file.m_genericDevices.m_items = {"Device", "Speed", "Package", "Condition", "Status"};
-    file.m_genericDevices.m_datas["P-1"] = {"P", "1", "Q", "COM", "PO"};
-    file.m_genericDevices.m_datas["P-2"] = {"P", "2", "Q", "COM", "OBS"};
-    file.m_genericDevices.m_datas["P-3"] = {"P", "3", "Q", "COM", "o"};
-    file.m_genericDevices.m_datas["P-4"] = {"P", "4", "Q", "COM", ""};
-    EXPECT_TRUE(file.isObsDevice("P-1"));
-    EXPECT_FALSE(file.isObsDevice("P-2")) << "three letters are no status";
-    EXPECT_TRUE(file.isObsDevice("P-3"));
-    EXPECT_FALSE(file.isObsDevice("P-4"));
+    // Obsolete: a one- or two-letter status holding O, in any case.
+    for (auto [status, obsolete] :
+         {std::pair{"PO", true}, {"OBS", false}, {"o", true}, {"", false}}) {
+        file.m_genericDevices.m_datas["P-1"] = {"P", "1", "Q", "COM", status};
+        EXPECT_EQ(file.isObsDevice("P-1"), obsolete) << '"' << status << '"';
+    }
     EXPECT_FALSE(file.isObsDevice("P-5"));
 
     std::string device = "d", package = "p", speed = "s", condition = "c";

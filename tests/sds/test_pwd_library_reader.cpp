@@ -55,42 +55,29 @@ int load(TarnSDSFile& file, const Row& items = {"LUT", "FF"}) {
 
 }  // namespace
 
-TEST(PwdLibraryReader, MergesTheRequestedColumnsOfTheTextForm) {
-    PwdDataDir data;
-    data.writeText(kPartData);
-    TarnSDSFile file("zr1a00", nullptr);
-    fillPackageSection(file);
-    EXPECT_EQ(load(file), 0);
-    const TarnSDSFileSection& section = file.m_packageSection;
-    EXPECT_EQ(section.m_items, (Row{"PKGIndex", "ff", "lut"}));
-    // Unlike the self-contained reader, empty fields keep their column.
-    EXPECT_EQ(section.m_datas.at("ZR4_BG100"), (Row{"0", "10", "30"}));
-    EXPECT_EQ(section.m_datas.at("ZR4_QF48"), (Row{"1", "4", "6"}));
-    EXPECT_EQ(section.m_datas.count("ZR9_XX1"), 0u);
-}
-
-TEST(PwdLibraryReader, BinaryFormGivesTheSamePackageSection) {
-    const std::string text = std::string(kPartData) +
-                             "[[More]]\n"
-                             "Format = LUT, FF\n"
-                             "ZR4_BG100 = 11, 12\n";
+TEST(PwdLibraryReader, TextAndBinaryFormsMergeTheSameColumns) {
+    const std::string text =
+        std::string(kPartData) + "[[More]]\nFormat = LUT, FF\nZR4_BG100 = 11, 12\n";
     PwdDataDir data;
     data.writeText(text);
     TarnSDSFile fromText("zr1a00", nullptr);
     fillPackageSection(fromText);
     ASSERT_EQ(load(fromText), 0);
+    const TarnSDSFileSection& section = fromText.m_packageSection;
+    // Both "Format" tables are merged, one after the other.
+    EXPECT_EQ(section.m_items, (Row{"PKGIndex", "ff", "lut", "LUT", "FF"}));
+    // Unlike the self-contained reader, empty fields keep their column; of
+    // two rows of a key the last wins; rows without a partner are dropped.
+    EXPECT_EQ(section.m_datas.at("ZR4_BG100"), (Row{"0", "10", "30", "11", "12"}));
+    EXPECT_EQ(section.m_datas.at("ZR4_QF48"), (Row{"1", "4", "6"}));
+    EXPECT_EQ(section.m_datas.count("ZR9_XX1"), 0u);
 
     data.writeBinary(text);
     TarnSDSFile fromBinary("zr1a00", nullptr);
     fillPackageSection(fromBinary);
     ASSERT_EQ(load(fromBinary), 0);
-
-    EXPECT_EQ(fromBinary.m_packageSection.m_items, fromText.m_packageSection.m_items);
-    EXPECT_EQ(fromBinary.m_packageSection.m_datas, fromText.m_packageSection.m_datas);
-    // Both "Format" tables were merged, one after the other.
-    EXPECT_EQ(fromBinary.m_packageSection.m_items, (Row{"PKGIndex", "ff", "lut", "LUT", "FF"}));
-    EXPECT_EQ(fromBinary.m_packageSection.m_datas.at("ZR4_BG100"),
-              (Row{"0", "10", "30", "11", "12"}));
+    EXPECT_EQ(fromBinary.m_packageSection.m_items, section.m_items);
+    EXPECT_EQ(fromBinary.m_packageSection.m_datas, section.m_datas);
 }
 
 TEST(PwdLibraryReader, UnusableFilesLeaveThePackageSectionAlone) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/test_env.h"
 
@@ -8,16 +9,16 @@ using devctrl_test::runTool;
 
 TEST(PartNameCommands, PartNameAndInnerNameOnTheSampleData) {
     const std::string tool = std::string("-q --data ") + DEVCTRL_TEST_SAMPLE_DATA + " ";
-    std::string out, err;
-    ASSERT_EQ(runTool(tool + "part-name zr5b00 zu8 cs100 1 com", &out, &err), 0) << err;
-    EXPECT_EQ(out, "ZU8-1CS100C\n");
-    ASSERT_EQ(runTool(tool + "inner-name ZU8-1CS100C", &out, &err), 0) << err;
-    EXPECT_EQ(out, "ZU8-XXCS100\n");
-    ASSERT_EQ(runTool(tool + "inner-name ZU8-2CS100I", &out, &err), 0) << err;
-    EXPECT_EQ(out, "ZU8-XXCS100\n");
-
-    EXPECT_EQ(runTool(tool + "part-name zr5b00 zu8 cs100 1 xyz", &out, &err), 1);
-    EXPECT_NE(err.find("no part of zr5b00"), std::string::npos) << err;
-    EXPECT_EQ(runTool(tool + "inner-name ZU8-9XX9C", &out, &err), 1);
-    EXPECT_NE(err.find("unknown part ZU8-9XX9C"), std::string::npos) << err;
+    const std::pair<const char*, const char*> cases[] = {
+        {"part-name zr5b00 zu8 cs100 1 com", "ZU8-1CS100C\n"},
+        {"inner-name ZU8-2CS100I", "ZU8-XXCS100\n"},
+        {"part-name zr5b00 zu8 cs100 1 xyz", "devctrl: no part of zr5b00"},
+        {"inner-name ZU8-9XX9C", "devctrl: unknown part ZU8-9XX9C"},
+    };
+    for (const auto& [args, start] : cases) {
+        std::string out, err;
+        int status = runTool(tool + args, &out, &err);
+        EXPECT_EQ(status, err.empty() ? 0 : 1) << args;
+        EXPECT_EQ((out + err).rfind(start, 0), 0u) << args << ": " << out << err;
+    }
 }

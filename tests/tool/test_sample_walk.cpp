@@ -79,8 +79,8 @@ TEST(SampleDataWalk, SelectionReachesEveryPartAndEachPartSplitsBack) {
     }
 }
 
-// The tool's export and part commands give what the manager gives.
-TEST(SampleDataWalk, ToolExportAndPartAgreeWithTheManager) {
+// The tool's export and parts commands give what the manager gives.
+TEST(SampleDataWalk, ToolExportAndPartsAgreeWithTheManager) {
     DataDirScope scope(DEVCTRL_TEST_SAMPLE_DATA);
     TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
     if (mngr.getFamilyFiles().empty())
@@ -103,25 +103,9 @@ TEST(SampleDataWalk, ToolExportAndPartAgreeWithTheManager) {
         SCOPED_TRACE(pm);
         const QJsonObject family = pms[QString::fromStdString(pm)].toObject();
         EXPECT_EQ(family["family"].toString().toStdString(), TarnDeviceMngr::basePmToFamily(pm));
-        Strings devices, packages, speeds, conditions, parts;
+        Strings devices, parts;
         mngr.getDevices(pm, devices, true, false);
         EXPECT_EQ(fromJson(family["devices"]), devices);
-        for (const auto& device : devices) {
-            const QString d = QString::fromStdString(device);
-            mngr.getPackages(pm, device, packages, true, false);
-            EXPECT_EQ(fromJson(family["packages"][d]), packages) << device;
-            for (const auto& package : packages) {
-                const QString p = QString::fromStdString(package);
-                mngr.getSpeeds(pm, device, package, speeds, true, false);
-                EXPECT_EQ(fromJson(family["speeds"][d][p]), speeds) << device << ' ' << package;
-                for (const auto& speed : speeds) {
-                    mngr.getOperations(pm, device, package, speed, conditions, true, false);
-                    EXPECT_EQ(fromJson(family["conditions"][d][p][QString::fromStdString(speed)]),
-                              conditions);
-                }
-            }
-        }
-
         mngr.getAllPartsByPM(pm, parts, true, false);
         const QJsonArray exported = family["parts"].toArray();
         ASSERT_EQ(static_cast<std::size_t>(exported.size()), parts.size());
@@ -138,20 +122,5 @@ TEST(SampleDataWalk, ToolExportAndPartAgreeWithTheManager) {
 
         ASSERT_EQ(runTool(sampleArgs() + "--json parts " + pm + " --all", &out), 0);
         EXPECT_EQ(fromJson(QJsonDocument::fromJson(QByteArray::fromStdString(out)).array()), parts);
-        if (parts.empty())
-            continue;
-        // The first and the last part split back through the tool.
-        for (const std::string& part : {parts.front(), parts.back()}) {
-            ASSERT_EQ(runTool(sampleArgs() + "--json part '" + part + "'", &out), 0);
-            const QJsonObject split =
-                QJsonDocument::fromJson(QByteArray::fromStdString(out)).object();
-            std::string partPm, device, package, speed, condition;
-            mngr.getNameByPart(part, partPm, device, package, speed, condition);
-            EXPECT_EQ(split["pm"].toString().toStdString(), partPm);
-            EXPECT_EQ(split["device"].toString().toStdString(), device);
-            EXPECT_EQ(split["package"].toString().toStdString(), package);
-            EXPECT_EQ(split["speed"].toString().toStdString(), speed);
-            EXPECT_EQ(split["condition"].toString().toStdString(), condition);
-        }
     }
 }

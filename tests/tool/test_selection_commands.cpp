@@ -23,76 +23,64 @@ struct SelectionInstall {
                   "PACKAGE_DATAS = ZR4, QF48, No|ES, IC : ZR4, BG100, No, A : "
                   "ZR12, BG100, No, C\n");
     }
-    std::string run(const std::string& args, std::string* out, std::string* err = nullptr) const {
-        return std::to_string(runTool("--data " + dir.path() + " " + args, out, err));
-    }
 };
+
+struct Case {
+    const char* args;
+    int status;
+    const char* output;  // standard output and error together
+};
+
+void runCases(std::initializer_list<Case> cases) {
+    SelectionInstall install;
+    for (const Case& c : cases) {
+        std::string out, err;
+        EXPECT_EQ(runTool("--data " + install.dir.path() + " " + c.args, &out, &err), c.status)
+            << c.args << ": " << err;
+        EXPECT_EQ(out + err, c.output) << c.args;
+    }
+}
 
 }  // namespace
 
 TEST(ToolSelection, ListsAndFilters) {
-    SelectionInstall install;
-    std::string out, err;
-    EXPECT_EQ(install.run("devices zr1a00", &out), "0");
-    EXPECT_EQ(out, "ZR4\n");
-    EXPECT_EQ(install.run("devices zr1 --all", &out), "0") << "a family name in any case";
-    EXPECT_EQ(out, "ZR4\nZR12\n");
-    EXPECT_EQ(install.run("packages ZR1 ZR4", &out), "0");
-    EXPECT_EQ(out, "QF48\nBG100\n");
-    EXPECT_EQ(install.run("speeds zr1a00 ZR4 BG100", &out), "0");
-    EXPECT_EQ(out, "6\n7\n");
-    EXPECT_EQ(install.run("conditions zr1a00 ZR4 QF48 6", &out), "0");
-    EXPECT_EQ(out, "COM\nIND\n");
-    EXPECT_EQ(install.run("--json conditions zr1a00 ZR12 BG100 6 --all", &out), "0");
-    EXPECT_EQ(out, "[\n    \"COM\"\n]\n");
-    EXPECT_EQ(install.run("conditions zr1a00 ZR12 BG100 6 --asc-only", &out), "0");
-    EXPECT_EQ(out, "") << "only the obsolete ZR12 can take ASC chips";
-
-    EXPECT_EQ(install.run("parts zr1a00 'zr4-*qf*' --condition C", &out), "0");
-    EXPECT_EQ(out, "ZR4-6QF48C\nZR4-6QF48CES\n");
-    EXPECT_EQ(install.run("parts zr1a00 --condition E --speed 7", &out), "0");
-    EXPECT_EQ(out, "ZR4-7B100E\n");
-    EXPECT_EQ(install.run("parts zr1a00 '*ES' 'ZR12*' --all --package BG100", &out), "0");
-    EXPECT_EQ(out, "ZR12-6B100C\n");
-    EXPECT_EQ(install.run("parts zr1a00 --condition X", &out, &err), "1");
-    EXPECT_NE(err.find("unknown condition 'X'"), std::string::npos) << err;
+    runCases({
+        {"devices zr1a00", 0, "ZR4\n"},
+        {"devices zr1 --all", 0, "ZR4\nZR12\n"},  // a family name in any case
+        {"packages ZR1 ZR4", 0, "QF48\nBG100\n"},
+        {"--json conditions zr1a00 ZR12 BG100 6 --all", 0, "[\n    \"COM\"\n]\n"},
+        {"conditions zr1a00 ZR12 BG100 6 --asc-only", 0, ""},  // only the obsolete ZR12 takes ASC
+        {"parts zr1a00 'zr4-*qf*' --condition C", 0, "ZR4-6QF48C\nZR4-6QF48CES\n"},
+        {"parts zr1a00 --condition E --speed 7", 0, "ZR4-7B100E\n"},
+        {"parts zr1a00 '*ES' 'ZR12*' --all --package BG100", 0, "ZR12-6B100C\n"},
+        {"parts zr1a00 --condition X", 1,
+         "devctrl: unknown condition 'X'; use C, I, A (or E), COM, IND or AUTO\n"},
+    });
 }
 
 TEST(ToolSelection, PartItemAndExists) {
-    SelectionInstall install;
-    std::string out, err;
-    EXPECT_EQ(install.run("--json part ZR4-7B100E", &out), "0");
-    EXPECT_EQ(
-        out,
-        "{\n    \"condition\": \"AUTO\",\n    \"device\": \"ZR4\",\n    \"family\": \"ZR1\",\n"
-        "    \"package\": \"BG100\",\n    \"part\": \"ZR4-7B100E\",\n    \"pm\": \"zr1a00\",\n"
-        "    \"speed\": \"7\"\n}\n");
-    EXPECT_EQ(install.run("item ZR12-6B100C Status", &out), "0");
-    EXPECT_EQ(out, "O\n");
-    EXPECT_EQ(install.run("item ZR12-6B100C Nothing --default none", &out), "0");
-    EXPECT_EQ(out, "none\n");
-
-    EXPECT_EQ(install.run("exists ZR4-6QF48CES", &out), "0");
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(install.run("exists zr4-6qf48ces", &out), "1");
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(install.run("--json exists ZR4-6QF48CES", &out), "0");
-    EXPECT_EQ(out, "true\n");
+    runCases({
+        {"--json part ZR4-7B100E", 0,
+         "{\n    \"condition\": \"AUTO\",\n    \"device\": \"ZR4\",\n    \"family\": \"ZR1\",\n"
+         "    \"package\": \"BG100\",\n    \"part\": \"ZR4-7B100E\",\n    \"pm\": \"zr1a00\",\n"
+         "    \"speed\": \"7\"\n}\n"},
+        {"item ZR12-6B100C Status", 0, "O\n"},
+        {"item ZR12-6B100C Nothing --default none", 0, "none\n"},
+        {"exists ZR4-6QF48CES", 0, ""},
+        {"exists zr4-6qf48ces", 1, ""},
+        {"--json exists ZR4-6QF48CES", 0, "true\n"},
+    });
 }
 
 TEST(ToolSelection, UnknownNamesSuggestTheClosestKnownOnes) {
-    SelectionInstall install;
-    std::string out, err;
-    EXPECT_EQ(install.run("part zr4-6qf48c", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown part 'zr4-6qf48c'; did you mean ZR4-6QF48C?\n");
-    EXPECT_EQ(install.run("item ZR4-6QF48 Status", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown part 'ZR4-6QF48'; did you mean ZR4-6QF48C, ZR4-6QF48I?\n");
-    EXPECT_EQ(install.run("part XYZ", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown part 'XYZ'\n");
-    EXPECT_EQ(install.run("devices zr1a01", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown PM or family 'zr1a01'; did you mean zr1a00?\n");
-    EXPECT_EQ(install.run("packages zr1a00 zr4", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown device 'zr4' in zr1a00; did you mean ZR4?\n");
-    EXPECT_EQ(install.run("conditions zr1a00 ZR4 QF48 8", &out, &err), "1");
-    EXPECT_EQ(err, "devctrl: unknown speed grade '8' in zr1a00; did you mean 6?\n");
+    runCases({
+        {"part zr4-6qf48c", 1, "devctrl: unknown part 'zr4-6qf48c'; did you mean ZR4-6QF48C?\n"},
+        {"item ZR4-6QF48 Status", 1,
+         "devctrl: unknown part 'ZR4-6QF48'; did you mean ZR4-6QF48C, ZR4-6QF48I?\n"},
+        {"part XYZ", 1, "devctrl: unknown part 'XYZ'\n"},
+        {"devices zr1a01", 1, "devctrl: unknown PM or family 'zr1a01'; did you mean zr1a00?\n"},
+        {"packages zr1a00 zr4", 1, "devctrl: unknown device 'zr4' in zr1a00; did you mean ZR4?\n"},
+        {"conditions zr1a00 ZR4 QF48 8", 1,
+         "devctrl: unknown speed grade '8' in zr1a00; did you mean 6?\n"},
+    });
 }

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "devctrl/util/profile.h"
 #include "support/test_env.h"
@@ -12,141 +15,91 @@ namespace {
 
 using devctrl_test::TempDir;
 
-// The first `count` bytes of `buffer`, NULs included.
-std::string bytes(const char* buffer, size_t count) {
-    return std::string(buffer, count);
+// "count:text" for a read into a buffer of `size` bytes filled with 'X'
+// before: the text up to its NUL, or the first `shown` bytes, NULs included.
+std::string get(const std::string& path, const char* section, const char* key, const char* dflt,
+                unsigned size = 64, size_t shown = 0) {
+    std::vector<char> buffer(std::max<size_t>(size, shown) + 1, 'X');
+    unsigned count = GetPrivateProfileString(section, key, dflt, buffer.data(), size, path.c_str());
+    size_t length = shown ? shown : strnlen(buffer.data(), buffer.size());
+    return std::to_string(count) + ":" + std::string(buffer.data(), length);
 }
 
-const char* kNames =
-    "; device names\n"
-    "[Name Transfer]\n"
-    "Key = 'a b'\n"
-    "zr1a00=ZR4A00\n"
-    "bare\n"
-    "[MIGRATION]\n"
-    "k=first\n"
-    "[Name Transfer]\n"
-    "late=hidden\n";
+// `text` with '|' standing for NUL.
+std::string nuls(std::string text) {
+    for (char& c : text)
+        if (c == '|')
+            c = '\0';
+    return text;
+}
 
 TEST(ProfileRead, KeyModeMatchesCaseAndBlanksAndStripsQuotes) {
     TempDir dir;
-    std::string path = dir.write("names.ini", kNames);
-    char buffer[64] = {};
-    EXPECT_EQ(GetPrivateProfileString("name transfer", "key", "", buffer, 64, path.c_str()), 3u);
-    EXPECT_STREQ(buffer, "a b");
-    EXPECT_EQ(GetPrivateProfileString("Name Transfer", "ZR1A00", "", buffer, 64, path.c_str()), 6u);
-    EXPECT_STREQ(buffer, "ZR4A00");
+    std::string path =
+        dir.write("names.ini",
+                  "; device names\n[Name Transfer]\nKey = 'a b'\nzr1a00=ZR4A00\nbare\n"
+                  "[MIGRATION]\nk=first\n[Name Transfer]\nlate=hidden\n");
+    EXPECT_EQ(get(path, "name transfer", "key", ""), "3:a b");
+    EXPECT_EQ(get(path, "Name Transfer", "ZR1A00", ""), "6:ZR4A00");
     // Only the first section of a name is searched, and only up to the next header.
-    EXPECT_EQ(GetPrivateProfileString("Name Transfer", "late", "dflt", buffer, 64, path.c_str()),
-              4u);
-    EXPECT_STREQ(buffer, "dflt");
-    EXPECT_EQ(GetPrivateProfileString("Name Transfer", "k", "", buffer, 64, path.c_str()), 0u);
+    EXPECT_EQ(get(path, "Name Transfer", "late", "dflt"), "4:dflt");
+    EXPECT_EQ(get(path, "Name Transfer", "k", ""), "0:");
     // A matching line without "=" is not a value.
-    EXPECT_EQ(GetPrivateProfileString("Name Transfer", "bare", "d", buffer, 64, path.c_str()), 1u);
-    EXPECT_STREQ(buffer, "d");
+    EXPECT_EQ(get(path, "Name Transfer", "bare", "d"), "1:d");
+    // The default is cut to the buffer, then trimmed; a missing file gives nothing.
+    EXPECT_EQ(get(path, "Nope", "k", "  \"x y\"  "), "3:x y");
+    EXPECT_EQ(get(path, "Nope", "k", "abcdefgh", 5), "4:abcd");
+    EXPECT_EQ(get(path, "Nope", "k", nullptr), "0:");
+    EXPECT_EQ(get(dir.file("missing.ini"), "S", "k", "dflt"), "0:");
 }
 
-TEST(ProfileRead, DefaultIsTrimmedButNotUsedForAMissingFile) {
-    TempDir dir;
-    std::string path = dir.write("names.ini", kNames);
-    char buffer[16];
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("Nope", "k", "  \"x y\"  ", buffer, 16, path.c_str()), 3u);
-    EXPECT_STREQ(buffer, "x y");
-    // Cut to the buffer before trimming.
-    EXPECT_EQ(GetPrivateProfileString("Nope", "k", "abcdefgh", buffer, 5, path.c_str()), 4u);
-    EXPECT_STREQ(buffer, "abcd");
-    EXPECT_EQ(GetPrivateProfileString("Nope", "k", nullptr, buffer, 16, path.c_str()), 0u);
-    EXPECT_STREQ(buffer, "");
-
-    memset(buffer, 'X', sizeof buffer);
-    std::string missing = dir.file("missing.ini");
-    EXPECT_EQ(GetPrivateProfileString("S", "k", "dflt", buffer, 16, missing.c_str()), 0u);
-    EXPECT_STREQ(buffer, "");
-}
-
-TEST(ProfileRead, LongValueIsCutAndTerminated) {
+TEST(ProfileRead, LongValuesAreCutAndTerminated) {
     TempDir dir;
     std::string path = dir.write("v.ini", "[S]\nk=abcdefgh\nm=abcd\n");
-    char buffer[8];
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("S", "k", "", buffer, 5, path.c_str()), 4u);
-    EXPECT_EQ(bytes(buffer, 5), bytes("abcd", 5));
-    EXPECT_EQ(GetPrivateProfileString("S", "m", "", buffer, 5, path.c_str()), 4u);
-    EXPECT_STREQ(buffer, "abcd");
-    EXPECT_EQ(GetPrivateProfileString("S", "k", "", buffer, 1, path.c_str()), 0u);
-    EXPECT_EQ(buffer[0], '\0');
+    EXPECT_EQ(get(path, "S", "k", "", 5, 6), nuls("4:abcd|X"));
+    EXPECT_EQ(get(path, "S", "m", "", 5), "4:abcd");
+    EXPECT_EQ(get(path, "S", "k", "", 1, 2), nuls("0:|X"));
+    // A line longer than the line buffer: the rest is a line of its own,
+    // with a key and no value.
+    std::string longLine = dir.write("long.ini", "[S]\nk=" + std::string(1100, 'x') + "\n");
+    EXPECT_EQ(get(longLine, "S", "k", "", 2048), "1021:" + std::string(1021, 'x'));
+    EXPECT_EQ(get(longLine, "S", nullptr, "", 2048, 2 + 79),
+              "81:" + nuls("k|") + std::string(79, 'x'));
 }
 
 TEST(ProfileRead, SectionListSkipsCommentsAndUnclosedHeaders) {
     TempDir dir;
     std::string path = dir.write("s.ini", "[A]\nx=1\n; [Hidden]\n[Broken\n  [B]  \n");
-    char buffer[32];
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString(nullptr, nullptr, "dflt", buffer, 32, path.c_str()), 3u);
-    EXPECT_EQ(bytes(buffer, 5), bytes("A\0B\0", 5));
-
+    EXPECT_EQ(get(path, nullptr, nullptr, "dflt", 32, 5), nuls("3:A|B||"));
     std::string none = dir.write("none.ini", "x=1\n");
-    EXPECT_EQ(GetPrivateProfileString(nullptr, nullptr, "dflt", buffer, 32, none.c_str()), 0u);
-    EXPECT_EQ(buffer[0], '\0');
+    EXPECT_EQ(get(none, nullptr, nullptr, "dflt", 32, 1), nuls("0:|"));
 }
 
 TEST(ProfileRead, ListsAreCutLeavingRoomForTwoNuls) {
     TempDir dir;
     std::string path = dir.write("s.ini", "[Alpha]\n[Beta]\n[Gamma]\n");
-    char buffer[16];
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString(nullptr, nullptr, nullptr, buffer, 10, path.c_str()), 8u);
-    EXPECT_EQ(bytes(buffer, 10), bytes("Alpha\0Be\0", 10));
-    EXPECT_EQ(buffer[10], 'X');
-
+    EXPECT_EQ(get(path, nullptr, nullptr, nullptr, 10, 11), nuls("8:Alpha|Be||X"));
     std::string keys = dir.write("k.ini", "[S]\nalpha=1\nbeta=2\n");
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "dflt", buffer, 9, keys.c_str()), 7u);
-    EXPECT_EQ(bytes(buffer, 9), bytes("alpha\0b\0", 9));
+    EXPECT_EQ(get(keys, "S", nullptr, "dflt", 9, 9), nuls("7:alpha|b||"));
     // Too small for anything: no default, nothing written past the buffer.
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "dflt", buffer, 2, keys.c_str()), 0u);
-    EXPECT_EQ(bytes(buffer, 3), bytes("\0\0X", 3));
+    EXPECT_EQ(get(keys, "S", nullptr, "dflt", 2, 3), nuls("0:||X"));
 }
 
 TEST(ProfileRead, KeyListStopsAtNextHeaderAndFallsBackToDefault) {
     TempDir dir;
     std::string path =
         dir.write("k.ini", "[S]\nk1=1\n; c\nK2 = 2\n\nnovalue\n[T]\nz=1\n[Empty]\n; only\n");
-    char buffer[64];
-    memset(buffer, 'X', sizeof buffer);
-    EXPECT_EQ(GetPrivateProfileString("s", nullptr, "dflt", buffer, 64, path.c_str()), 13u);
-    EXPECT_EQ(bytes(buffer, 15), bytes("k1\0K2\0novalue\0", 15));
-    EXPECT_EQ(GetPrivateProfileString("Missing", nullptr, "dflt", buffer, 64, path.c_str()), 4u);
-    EXPECT_STREQ(buffer, "dflt");
-    EXPECT_EQ(GetPrivateProfileString("Empty", nullptr, "dflt", buffer, 64, path.c_str()), 4u);
-    EXPECT_STREQ(buffer, "dflt");
+    EXPECT_EQ(get(path, "s", nullptr, "dflt", 64, 15), nuls("13:k1|K2|novalue||"));
+    EXPECT_EQ(get(path, "Missing", nullptr, "dflt"), "4:dflt");
+    EXPECT_EQ(get(path, "Empty", nullptr, "dflt"), "4:dflt");
     // An unclosed header names no section but still ends the one before it.
     std::string broken = dir.write("b.ini", "[S]\na=1\n[Broken\nb=2\n");
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 64, broken.c_str()), 1u);
-    EXPECT_EQ(bytes(buffer, 3), bytes("a\0", 3));
-    EXPECT_EQ(GetPrivateProfileString("S", "b", "none", buffer, 64, broken.c_str()), 4u);
-}
-
-TEST(ProfileRead, WhitespaceOnlyLineRepeatsThePreviousKey) {
-    TempDir dir;
-    // "\r\n" is not skipped as an empty line; it trims to nothing and has no key
-    // of its own.
-    std::string path = dir.write("k.ini", "[S]\na=1\n\r\nb=2\n");
-    char buffer[32] = {};
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 32, path.c_str()), 5u);
-    EXPECT_EQ(bytes(buffer, 7), bytes("a\0a\0b\0", 7));
-}
-
-TEST(ProfileRead, LongLinesAreReadInPieces) {
-    TempDir dir;
-    std::string path = dir.write("long.ini", "[S]\nk=" + std::string(1100, 'x') + "\n");
-    char buffer[2048] = {};
-    EXPECT_EQ(GetPrivateProfileString("S", "k", "", buffer, 2048, path.c_str()), 1021u);
-    // The rest of the line is a line of its own, with a key and no value.
-    EXPECT_EQ(GetPrivateProfileString("S", nullptr, "", buffer, 2048, path.c_str()), 2u + 79u);
-    EXPECT_EQ(std::string(buffer + 2), std::string(79, 'x'));
+    EXPECT_EQ(get(broken, "S", nullptr, "", 64, 3), nuls("1:a||"));
+    EXPECT_EQ(get(broken, "S", "b", "none"), "4:none");
+    // "\r\n" is not skipped as an empty line; it trims to nothing and
+    // repeats the previous key.
+    std::string crlf = dir.write("c.ini", "[S]\na=1\n\r\nb=2\n");
+    EXPECT_EQ(get(crlf, "S", nullptr, "", 32, 7), nuls("5:a|a|b||"));
 }
 
 TEST(ProfileRead, NullArgumentsAndZeroSizesAreHarmless) {
@@ -173,17 +126,14 @@ TEST(ProfileRead, IntTreatsZeroAsMissingUnlessWrittenAsZero) {
                                  "[N]\nzero=0\ndouble=00\nminus=-0\nmixed=12abc\nword=abc\n"
                                  "hex=0x10\nlead=05\nneg=-3\nwide=4294967297\nquoted=\"7\"\n");
     const char* file = path.c_str();
-    EXPECT_EQ(GetPrivateProfileInt("N", "zero", 9, file), 0);
-    EXPECT_EQ(GetPrivateProfileInt("N", "double", 9, file), 0);
-    EXPECT_EQ(GetPrivateProfileInt("N", "minus", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "mixed", 9, file), 12);
-    EXPECT_EQ(GetPrivateProfileInt("N", "word", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "hex", 9, file), 9);
-    EXPECT_EQ(GetPrivateProfileInt("N", "lead", 9, file), 5);
-    EXPECT_EQ(GetPrivateProfileInt("N", "neg", 9, file), -3);
-    EXPECT_EQ(GetPrivateProfileInt("N", "wide", 9, file), 1);  // low 32 bits
-    EXPECT_EQ(GetPrivateProfileInt("N", "quoted", 9, file), 7);
-    EXPECT_EQ(GetPrivateProfileInt("N", "missing", 9, file), 9);
+    // "-0" reads as 0 and so as missing; "wide" keeps its low 32 bits.
+    // clang-format off
+    for (auto [key, expected] : {std::pair{"zero", 0}, {"double", 0}, {"minus", 9}, {"mixed", 12},
+                                 {"word", 9}, {"hex", 9}, {"lead", 5}, {"neg", -3}, {"wide", 1},
+                                 {"quoted", 7}, {"missing", 9}}) {
+        // clang-format on
+        EXPECT_EQ(GetPrivateProfileInt("N", key, 9, file), expected) << key;
+    }
     EXPECT_EQ(GetPrivateProfileInt(nullptr, "zero", 9, file), 9);
     EXPECT_EQ(GetPrivateProfileInt("N", nullptr, 9, file), 9);
 }

@@ -18,52 +18,42 @@ std::string bytes(const char* buffer, size_t count) {
 
 class ProfileSection : public ::testing::Test {
   protected:
-    void SetUp() override { memset(buffer, 'X', sizeof buffer); }
-    unsigned read(const char* content, unsigned size) {
+    // "count:" and the first `shown` bytes of a buffer of `size` filled with
+    // 'X' before reading section S of `content`.
+    std::string read(const char* content, unsigned size, size_t shown) {
+        char buffer[64];
+        memset(buffer, 'X', sizeof buffer);
         path = dir.write("s.ini", content);
-        return GetPrivateProfileSection("S", buffer, size, path.c_str());
+        unsigned count = GetPrivateProfileSection("S", buffer, size, path.c_str());
+        return std::to_string(count) + ":" + std::string(buffer, shown);
     }
     TempDir dir;
     std::string path;
-    char buffer[64];
 };
 
 TEST_F(ProfileSection, EntriesInFileOrderWithReadValues) {
-    EXPECT_EQ(read("[T]\nz=0\n[S]\nalpha = 1 \n; note\nBeta='two'\n[U]\nq=1\n", 64), 17u);
-    EXPECT_EQ(bytes(buffer, 18), bytes("alpha=1\0Beta=two\0", 18));
-}
-
-TEST_F(ProfileSection, EmptyValueTakesAnExtraPlace) {
+    EXPECT_EQ(read("[T]\nz=0\n[S]\nalpha = 1 \n; note\nBeta='two'\n[U]\nq=1\n", 64, 18),
+              bytes("17:alpha=1\0Beta=two\0", 21));
     // The place after "=" reads as the entry's end, the NUL after it as the
     // list's end: callers walking the list stop at an empty value.
-    EXPECT_EQ(read("[S]\na=\nb=2\n", 64), 8u);
-    EXPECT_EQ(bytes(buffer, 9), bytes("a=\0\0b=2\0", 9));
+    EXPECT_EQ(read("[S]\na=\nb=2\n", 64, 9), bytes("8:a=\0\0b=2\0", 11));
 }
 
 TEST_F(ProfileSection, CutsKeepTwoNulsAtTheEnd) {
-    // The key does not fit.
-    EXPECT_EQ(read("[S]\nalpha=1\n", 4), 2u);
-    EXPECT_EQ(bytes(buffer, 5), bytes("al\0\0X", 5));
-    // The key fits, its "=" reaches the end.
-    SetUp();
-    EXPECT_EQ(read("[S]\nalpha=1\n", 8), 6u);
-    EXPECT_EQ(bytes(buffer, 9), bytes("alpha=\0\0X", 9));
-    // The value does not fit.
-    SetUp();
-    EXPECT_EQ(read("[S]\nk=abcdef\n", 8), 6u);
-    EXPECT_EQ(bytes(buffer, 9), bytes("k=abcd\0\0X", 9));
-    // A second entry that does not fit at all.
-    SetUp();
-    EXPECT_EQ(read("[S]\nalpha=1\nbeta=2\n", 10), 8u);
-    EXPECT_EQ(bytes(buffer, 11), bytes("alpha=1\0\0\0X", 11));
+    // The key does not fit; the key fits with its "=" at the end; the value
+    // does not fit; a second entry does not fit at all.
+    EXPECT_EQ(read("[S]\nalpha=1\n", 4, 5), bytes("2:al\0\0X", 7));
+    EXPECT_EQ(read("[S]\nalpha=1\n", 8, 9), bytes("6:alpha=\0\0X", 11));
+    EXPECT_EQ(read("[S]\nk=abcdef\n", 8, 9), bytes("6:k=abcd\0\0X", 11));
+    EXPECT_EQ(read("[S]\nalpha=1\nbeta=2\n", 10, 11), bytes("8:alpha=1\0\0\0X", 13));
 }
 
 TEST_F(ProfileSection, NothingForMissingOrEmptySections) {
-    EXPECT_EQ(read("[T]\nk=v\n", 64), 0u);
-    EXPECT_EQ(buffer[0], '\0');
-    EXPECT_EQ(read("[S]\n; only a comment\n[T]\nk=v\n", 64), 0u);
+    EXPECT_EQ(read("[T]\nk=v\n", 64, 1), bytes("0:\0", 3));
+    EXPECT_EQ(read("[S]\n; only a comment\n[T]\nk=v\n", 64, 0), "0:");
+    char buffer[8];
     std::string missing = dir.file("missing.ini");
-    EXPECT_EQ(GetPrivateProfileSection("S", buffer, 64, missing.c_str()), 0u);
+    EXPECT_EQ(GetPrivateProfileSection("S", buffer, 8, missing.c_str()), 0u);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include "devctrl/util/profile.h"
 
@@ -17,118 +18,65 @@ std::string after(void (*edit)(char*), const char* text) {
     return buffer;
 }
 
-TEST(ProfileText, RmleadRemovesLeadingWhitespaceOnly) {
+TEST(ProfileText, TrimmingHelpers) {
     EXPECT_EQ(after(rmlead, " \t\r\n key = v "), "key = v ");
     EXPECT_EQ(after(rmlead, "   "), "");
-    EXPECT_EQ(after(rmlead, "x"), "x");
+    // rmtrail never removes the first character, blank or not.
+    // clang-format off
+    for (auto [text, expected] : {std::pair{"value \t\r\n", "value"}, {"   ", " "}, {"\t\n", "\t"},
+                                  {" ", ""}, {"\n", ""}, {" a ", " a"}}) {
+        // clang-format on
+        EXPECT_EQ(after(rmtrail, text), expected) << '"' << text << '"';
+    }
     rmlead(nullptr);
-}
-
-TEST(ProfileText, RmtrailNeverRemovesTheFirstCharacter) {
-    EXPECT_EQ(after(rmtrail, "value \t\r\n"), "value");
-    EXPECT_EQ(after(rmtrail, "   "), " ");
-    EXPECT_EQ(after(rmtrail, "\t\n"), "\t");
-    EXPECT_EQ(after(rmtrail, " "), "");
-    EXPECT_EQ(after(rmtrail, "\n"), "");
-    EXPECT_EQ(after(rmtrail, " a "), " a");
-    // The usual pairing with rmlead always ends with nothing left.
-    char blanks[] = "    ";
-    rmtrail(blanks);
-    rmlead(blanks);
-    EXPECT_STREQ(blanks, "");
     rmtrail(nullptr);
 }
 
-TEST(ProfileText, RmquotesRemovesOneMatchingPair) {
-    char doubled[] = "\"a b\"";
-    EXPECT_EQ(rmquotes(doubled), 1);
-    EXPECT_STREQ(doubled, "a b");
-    char single[] = "''x''";
-    EXPECT_EQ(rmquotes(single), 1);
-    EXPECT_STREQ(single, "'x'");
-    char empty[] = "\"\"";
-    EXPECT_EQ(rmquotes(empty), 1);
-    EXPECT_STREQ(empty, "");
-    char mixed[] = "'x\"";
-    EXPECT_EQ(rmquotes(mixed), 0);
-    EXPECT_STREQ(mixed, "'x\"");
-    char lone[] = "'";
-    EXPECT_EQ(rmquotes(lone), 0);
-    EXPECT_STREQ(lone, "'");
+TEST(ProfileText, QuotesAndBracketsNeedBothEnds) {
+    struct Case {
+        int (*strip)(char*);
+        const char* text;
+        int result;
+        const char* left;
+    };
+    for (const Case& c : {Case{rmquotes, "\"a b\"", 1, "a b"}, Case{rmquotes, "''x''", 1, "'x'"},
+                          Case{rmquotes, "\"\"", 1, ""}, Case{rmquotes, "'x\"", 0, "'x\""},
+                          Case{rmquotes, "'", 0, "'"}, Case{rmbrackets, "[ A B ]", 1, " A B "},
+                          Case{rmbrackets, "[MIGRATION", 0, "[MIGRATION"},
+                          Case{rmbrackets, "[]", 1, ""}, Case{rmbrackets, "[", 0, "["}}) {
+        char buffer[32];
+        snprintf(buffer, sizeof buffer, "%s", c.text);
+        EXPECT_EQ(c.strip(buffer), c.result) << c.text;
+        EXPECT_STREQ(buffer, c.left) << c.text;
+    }
     EXPECT_EQ(rmquotes(nullptr), 0);
-}
-
-TEST(ProfileText, RmbracketsNeedsBothEnds) {
-    char header[] = "[ Name Transfer ]";
-    EXPECT_EQ(rmbrackets(header), 1);
-    EXPECT_STREQ(header, " Name Transfer ");
-    char open[] = "[MIGRATION";
-    EXPECT_EQ(rmbrackets(open), 0);
-    EXPECT_STREQ(open, "[MIGRATION");
-    char pair[] = "[]";
-    EXPECT_EQ(rmbrackets(pair), 1);
-    EXPECT_STREQ(pair, "");
-    char lone[] = "[";
-    EXPECT_EQ(rmbrackets(lone), 0);
     EXPECT_EQ(rmbrackets(nullptr), 0);
 }
 
+// "token|rest" after one stptok call on `text` (rest as an offset into
+// `text`, or "null"), the token buffer holding "old" before.
+std::string tokenAndRest(const char* text, unsigned size, const char* delimiters) {
+    char tok[16] = "old";
+    const char* rest = stptok(text, tok, size, delimiters);
+    return std::string(tok) + "|" + (rest ? std::to_string(rest - text) : "null");
+}
+
 TEST(ProfileText, StptokSplitsAtDelimiterRuns) {
-    char tok[16] = "untouched";
-    const char* text = "key==,value";
-    const char* rest = stptok(text, tok, sizeof tok, "=,");
-    EXPECT_STREQ(tok, "key");
-    EXPECT_EQ(rest, text + 6);
-
-    // The last token: the rest is null.
-    EXPECT_EQ(stptok("tail", tok, sizeof tok, "="), nullptr);
-    EXPECT_STREQ(tok, "tail");
-    // Delimiters up to the end: null as well.
-    EXPECT_EQ(stptok("key=", tok, sizeof tok, "="), nullptr);
-    EXPECT_STREQ(tok, "key");
-    // A leading delimiter gives an empty token.
-    const char* leading = "=v";
-    EXPECT_EQ(stptok(leading, tok, sizeof tok, "="), leading + 1);
-    EXPECT_STREQ(tok, "");
-}
-
-TEST(ProfileText, StptokLimitsAndNullCases) {
-    char tok[4] = "old";
-    const char* text = "abcdef=g";
-    // A full token leaves the rest where the copy stopped.
-    EXPECT_EQ(stptok(text, tok, sizeof tok, "="), text + 3);
-    EXPECT_STREQ(tok, "abc");
-    // A token size of one or less stores an empty token and returns s.
-    strcpy(tok, "old");
-    EXPECT_EQ(stptok(text, tok, 1, "="), text);
-    EXPECT_STREQ(tok, "");
+    EXPECT_EQ(tokenAndRest("key==,value", 16, "=,"), "key|6");
+    EXPECT_EQ(tokenAndRest("tail", 16, "="), "tail|null");  // the last token
+    EXPECT_EQ(tokenAndRest("key=", 16, "="), "key|null");   // delimiters up to the end
+    EXPECT_EQ(tokenAndRest("=v", 16, "="), "|1");           // a leading delimiter
+    // A full token leaves the rest where the copy stopped; a size of one or
+    // less stores an empty token and returns the text itself.
+    EXPECT_EQ(tokenAndRest("abcdef=g", 4, "="), "abc|3");
+    EXPECT_EQ(tokenAndRest("abcdef=g", 1, "="), "|0");
     // An empty or null input leaves the token untouched.
-    strcpy(tok, "old");
-    EXPECT_EQ(stptok("", tok, sizeof tok, "="), nullptr);
+    EXPECT_EQ(tokenAndRest("", 4, "="), "old|null");
+    EXPECT_EQ(tokenAndRest("abcdef=g", 4, nullptr), "old|null");
+    char tok[4] = "old";
     EXPECT_EQ(stptok(nullptr, tok, sizeof tok, "="), nullptr);
-    EXPECT_EQ(stptok(text, tok, sizeof tok, nullptr), nullptr);
+    EXPECT_EQ(stptok("abc", nullptr, sizeof tok, "="), nullptr);
     EXPECT_STREQ(tok, "old");
-    EXPECT_EQ(stptok(text, nullptr, sizeof tok, "="), nullptr);
-}
-
-TEST(ProfileText, FilecopyCopiesAllBlocksAndReturnsTheLast) {
-    std::string content(1300, 'x');
-    for (size_t i = 0; i < content.size(); ++i)
-        content[i] = static_cast<char>('a' + i % 26);
-    FILE* source = tmpfile();
-    FILE* dest = tmpfile();
-    ASSERT_TRUE(source && dest);
-    fwrite(content.data(), 1, content.size(), source);
-    rewind(source);
-    EXPECT_EQ(filecopy(dest, source), 1300 - 2 * 512);
-    rewind(dest);
-    std::string copied(content.size() + 10, '\0');
-    copied.resize(fread(copied.data(), 1, copied.size(), dest));
-    EXPECT_EQ(copied, content);
-    EXPECT_EQ(filecopy(nullptr, source), 0);
-    EXPECT_EQ(filecopy(dest, nullptr), 0);
-    fclose(source);
-    fclose(dest);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "support/test_env.h"
 
@@ -27,14 +28,19 @@ class ProfileTool : public ::testing::Test {
 };
 
 TEST_F(ProfileTool, ReadsValuesKeysAndSections) {
-    EXPECT_EQ(run("ini get " + file + " 'name transfer' ZR1A00"), 0) << err;
-    EXPECT_EQ(out, "ZR4A00\n");
-    EXPECT_EQ(run("ini get " + file + " 'Name Transfer' empty"), 0) << err;
-    EXPECT_EQ(out, "\n");
-    EXPECT_EQ(run("--json ini get " + file + " MIGRATION zr2b00"), 0) << err;
-    EXPECT_EQ(out, "\"ZR4B00\"\n");
-    EXPECT_EQ(run("ini keys " + file + " 'Name Transfer'"), 0) << err;
-    EXPECT_EQ(out, "zr1a00\nempty\n");
+    const std::pair<const char*, const char*> cases[] = {
+        {"ini get FILE 'name transfer' ZR1A00", "ZR4A00\n"},
+        {"ini get FILE 'Name Transfer' empty", "\n"},
+        {"--json ini get FILE MIGRATION zr2b00", "\"ZR4B00\"\n"},
+        {"ini keys FILE 'Name Transfer'", "zr1a00\nempty\n"},
+        {"ini get FILE MIGRATION nothing --default ' fallback '", "fallback\n"},
+    };
+    for (auto [args, expected] : cases) {
+        std::string command = args;
+        command.replace(command.find("FILE"), 4, file);
+        EXPECT_EQ(run(command), 0) << args << ": " << err;
+        EXPECT_EQ(out, expected) << args;
+    }
     EXPECT_EQ(run("ini sections " + file + " --json"), 0) << err;
     EXPECT_NE(out.find("\"Name Transfer\""), std::string::npos) << out;
     EXPECT_NE(out.find("\"MIGRATION\""), std::string::npos) << out;
@@ -44,8 +50,6 @@ TEST_F(ProfileTool, MissingThingsAreClearErrors) {
     EXPECT_EQ(run("ini get " + file + " MIGRATION nothing"), 1);
     EXPECT_EQ(out, "");
     EXPECT_NE(err.find("no key nothing in section [MIGRATION]"), std::string::npos) << err;
-    EXPECT_EQ(run("ini get " + file + " MIGRATION nothing --default ' fallback '"), 0) << err;
-    EXPECT_EQ(out, "fallback\n");
     EXPECT_EQ(run("ini keys " + file + " Nowhere"), 1);
     EXPECT_NE(err.find("no section [Nowhere]"), std::string::npos) << err;
     std::string missing = dir.file("missing.ini");

@@ -6,38 +6,31 @@
 using namespace tarn::vyxpn::util;
 using Strings = std::vector<std::string>;
 
+// Every token left in `t`, joined by '|'.
+std::string rest(Tokenizer& t) {
+    std::string text;
+    while (t.nextToken())
+        text += (text.empty() ? "" : "|") + t.getToken();
+    return text;
+}
+
 TEST(Tokenizer, DefaultDelimitersAreBlanksOnly) {
     Tokenizer tabs("a\tb");
-    ASSERT_TRUE(tabs.nextToken());
-    EXPECT_EQ(tabs.getToken(), "a\tb");
-    EXPECT_FALSE(tabs.nextToken());
-
+    EXPECT_EQ(rest(tabs), "a\tb");
     Tokenizer blanks("  x  y ");
-    ASSERT_TRUE(blanks.nextToken());
-    EXPECT_EQ(blanks.getToken(), "x");
-    ASSERT_TRUE(blanks.nextToken());
-    EXPECT_EQ(blanks.getToken(), "y");
-    EXPECT_FALSE(blanks.nextToken());
+    EXPECT_EQ(rest(blanks), "x|y");
     EXPECT_EQ(blanks.getToken(), "y") << "a failed search keeps the last token";
-
     blanks.reset();
-    ASSERT_TRUE(blanks.nextToken());
-    EXPECT_EQ(blanks.getToken(), "x");
+    EXPECT_EQ(rest(blanks), "x|y");
+    Tokenizer whole("rest of it", "");
+    EXPECT_EQ(rest(whole), "rest of it");
 }
 
 TEST(Tokenizer, PerCallDelimitersDoNotReplaceStoredOnes) {
     Tokenizer t("a,b c,d", " ");
     ASSERT_TRUE(t.nextToken(","));
     EXPECT_EQ(t.getToken(), "a");
-    ASSERT_TRUE(t.nextToken());  // blanks again, from after "a"
-    EXPECT_EQ(t.getToken(), ",b");
-    ASSERT_TRUE(t.nextToken());
-    EXPECT_EQ(t.getToken(), "c,d");
-
-    Tokenizer whole("rest of it", "");
-    ASSERT_TRUE(whole.nextToken());
-    EXPECT_EQ(whole.getToken(), "rest of it");
-    EXPECT_FALSE(whole.nextToken());
+    EXPECT_EQ(rest(t), ",b|c,d") << "blanks again, from after \"a\"";
 }
 
 TEST(StringUtils, SplitDropsEmptyFields) {
