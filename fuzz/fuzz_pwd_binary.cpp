@@ -45,18 +45,6 @@ bool decode(const std::string& bytes, PD_DATA& data) {
     return decoded;
 }
 
-void checkRoundTrip(const PD_DATA& data) {
-    std::string encoded;
-    if (!PD_EncodeBinary(data, encoded))
-        return;
-    PD_DATA again;
-    if (!decode(encoded, again))
-        std::abort();
-    std::string encodedAgain;
-    if (!PD_EncodeBinary(again, encodedAgain) || encodedAgain != encoded)
-        std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -69,12 +57,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string raw(reinterpret_cast<const char*>(data), size);
     PD_DATA decoded;
     if (decode(raw, decoded))
-        checkRoundTrip(decoded);
+        devctrl_fuzz::checkBinaryRoundTrip(decoded);
 
     std::string consistent = withConsistentHeader(raw);
     PD_DATA payloadDecoded;
     if (decode(consistent, payloadDecoded))
-        checkRoundTrip(payloadDecoded);
+        devctrl_fuzz::checkBinaryRoundTrip(payloadDecoded);
 
     devctrl_fuzz::writeScratchFile("data/zr9f00/zr9f00.pwd", consistent);
     tarn::vyxpn::TarnSDSFile family("zr9f00", nullptr);

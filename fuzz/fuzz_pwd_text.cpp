@@ -31,20 +31,6 @@ void checkTextRoundTrip(const PD_DATA& data) {
         std::abort();
 }
 
-void checkBinaryRoundTrip(const PD_DATA& data) {
-    std::string bytes;
-    if (!PD_EncodeBinary(data, bytes))
-        return;
-    PD_DATA decoded;
-    std::string error;
-    if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
-                         decoded, &error))
-        std::abort();
-    std::string bytesAgain;
-    if (!PD_EncodeBinary(decoded, bytesAgain) || bytesAgain != bytes)
-        std::abort();
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -58,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PD_DATA parsed;
     if (parsed.LoadTxtString(text, "fuzz.pwd")) {
         checkTextRoundTrip(parsed);
-        checkBinaryRoundTrip(parsed);
+        devctrl_fuzz::checkBinaryRoundTrip(parsed);
     }
 
     // The family's reader goes through the file; binary-looking input takes

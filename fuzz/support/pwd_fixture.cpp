@@ -1,5 +1,10 @@
 #include "pwd_fixture.h"
 
+#include <cstdlib>
+
+#include "platform/pd_binary_format.h"
+#include "platform/pd_data.h"
+
 namespace devctrl_fuzz {
 
 const std::vector<std::string>& requestedPartDataColumns() {
@@ -23,6 +28,20 @@ std::size_t touchPackageSection(const tarn::vyxpn::TarnSDSFile& family) {
         for (const std::string& cell : row)
             bytes += key.size() + cell.size();
     return bytes;
+}
+
+void checkBinaryRoundTrip(const PD_DATA& data) {
+    std::string bytes;
+    if (!PD_EncodeBinary(data, bytes))
+        return;
+    PD_DATA decoded;
+    std::string error;
+    if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                         decoded, &error))
+        std::abort();
+    std::string bytesAgain;
+    if (!PD_EncodeBinary(decoded, bytesAgain) || bytesAgain != bytes)
+        std::abort();
 }
 
 }  // namespace devctrl_fuzz

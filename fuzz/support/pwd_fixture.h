@@ -7,6 +7,8 @@
 
 #include "devctrl/sds/sds_file.h"
 
+class PD_DATA;
+
 namespace devctrl_fuzz {
 
 // The resource columns the part data targets ask the readers for.
@@ -18,5 +20,9 @@ void fillPackageSection(tarn::vyxpn::TarnSDSFile& family);
 
 // Reads every cell of the package section, as the queries would.
 std::size_t touchPackageSection(const tarn::vyxpn::TarnSDSFile& family);
+
+// Aborts unless data that encode to the binary form decode back to data that
+// encode to the same bytes.
+void checkBinaryRoundTrip(const PD_DATA& data);
 
 }  // namespace devctrl_fuzz

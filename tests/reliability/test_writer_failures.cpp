@@ -15,14 +15,6 @@ namespace {
 
 using namespace devctrl_test;
 
-std::vector<std::string> entriesOf(const std::string& directory) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(directory))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 TEST(WriterFailures, UnwritablePathsLeaveNothingBehind) {
     TempDir dir;
     dir.write("plain-file", "keep me\n");
@@ -35,7 +27,8 @@ TEST(WriterFailures, UnwritablePathsLeaveNothingBehind) {
     family.writeSDS(dir.file("a-directory"));
     family.writeSDS(dir.file("no-such-directory/x.sds"));
     family.writeSDS("");
-    EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"a-directory", "plain-file"}));
+    EXPECT_EQ(devctrl_test::listDirectory(dir.path()),
+              (std::vector<std::string>{"a-directory", "plain-file"}));
     EXPECT_TRUE(fs::is_empty(dir.file("a-directory")));
     EXPECT_EQ(readFile(dir.file("plain-file")), "keep me\n");
 }
@@ -47,7 +40,7 @@ TEST(WriterFailures, ToolNamesTheFileItCouldNotWrite) {
     std::string out, err;
     EXPECT_EQ(runTool("-q --data " + dir.path() + " write-sds bd1a00 " + target, &out, &err), 1);
     EXPECT_EQ(err, "devctrl: could not write " + target + "\n");
-    EXPECT_EQ(entriesOf(dir.file("bd1a00")),
+    EXPECT_EQ(devctrl_test::listDirectory(dir.file("bd1a00")),
               (std::vector<std::string>{"device.acd", "family.key"}));
 }
 

@@ -47,14 +47,6 @@ void fill(TarnSDSFile& family) {
     family.m_defaultASC = "AX1";
 }
 
-std::vector<std::string> entriesOf(const std::string& directory) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(directory))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 TEST(SdsWrite, WritesTheSupportFileLayout) {
     devctrl_test::TempDir dir;
     TarnSDSFile family("zr1a00", nullptr);
@@ -69,7 +61,7 @@ TEST(SdsWrite, WritesTheSupportFileLayout) {
                   "\n[Device Info]\nFormat = LUT, FF\n"
                   "ZR4_BG100 = 640, 600\n"
                   "\n");
-    EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"zr1a00.sds"}));
+    EXPECT_EQ(devctrl_test::listDirectory(dir.path()), (std::vector<std::string>{"zr1a00.sds"}));
 }
 
 TEST(SdsWrite, EmptyTablesReplacingAndUnwritableTargets) {
@@ -84,7 +76,8 @@ TEST(SdsWrite, EmptyTablesReplacingAndUnwritableTargets) {
     family.writeSDS(dir.file("missing/out.sds"));  // no such directory
     fs::create_directory(dir.file("taken"));
     family.writeSDS(dir.file("taken"));  // a directory stands there
-    EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"out.sds", "taken"}));
+    EXPECT_EQ(devctrl_test::listDirectory(dir.path()),
+              (std::vector<std::string>{"out.sds", "taken"}));
     EXPECT_TRUE(fs::is_empty(dir.file("taken")));
 }
 
@@ -96,7 +89,8 @@ TEST(SdsWrite, WritesThroughASymbolicLink) {
     family.writeSDS(dir.file("link.sds"));
     EXPECT_TRUE(fs::is_symlink(dir.file("link.sds")));
     EXPECT_EQ(devctrl_test::readFile(real).rfind("[Device Support]\n", 0), 0u);
-    EXPECT_EQ(entriesOf(dir.path()), (std::vector<std::string>{"link.sds", "real.sds"}));
+    EXPECT_EQ(devctrl_test::listDirectory(dir.path()),
+              (std::vector<std::string>{"link.sds", "real.sds"}));
 }
 
 TEST(SdsWrite, ManagerWritesAndDumpsLoadedFamiliesOnly) {

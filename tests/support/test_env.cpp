@@ -2,6 +2,7 @@
 
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -20,7 +21,8 @@ namespace devctrl_test {
 TempDir::TempDir() {
     std::string pattern = (fs::temp_directory_path() / "devctrl-test-XXXXXX").string();
     char* made = mkdtemp(pattern.data());
-    if (!made) throw std::runtime_error("mkdtemp failed");
+    if (!made)
+        throw std::runtime_error("mkdtemp failed");
     m_path = made;
 }
 
@@ -45,10 +47,19 @@ std::string readFile(const std::string& path) {
     return text.str();
 }
 
+std::vector<std::string> listDirectory(const std::string& directory) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(directory))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 EnvGuard::EnvGuard(const char* name, const char* value) : m_name(name) {
     const char* old = std::getenv(name);
     m_had = old != nullptr;
-    if (old) m_old = old;
+    if (old)
+        m_old = old;
     if (value)
         setenv(name, value, 1);
     else
@@ -65,16 +76,20 @@ EnvGuard::~EnvGuard() {
 TraceCapture::TraceCapture() {
     setDiagTraceHandler([this](const char* message, const char* extra) {
         std::string line = message ? message : "";
-        if (extra) line += std::string(" ") + extra;
+        if (extra)
+            line += std::string(" ") + extra;
         m_lines.push_back(line);
     });
 }
 
-TraceCapture::~TraceCapture() { setDiagTraceHandler(nullptr); }
+TraceCapture::~TraceCapture() {
+    setDiagTraceHandler(nullptr);
+}
 
 bool TraceCapture::contains(const std::string& text) const {
     for (const auto& line : m_lines)
-        if (line.find(text) != std::string::npos) return true;
+        if (line.find(text) != std::string::npos)
+            return true;
     return false;
 }
 
@@ -85,19 +100,24 @@ void dropManager() {
     PM_DATABASE::_database = nullptr;
 }
 
-DataDirScope::DataDirScope(const std::string& dataDir) : m_env("DEVCTRL_DATA_DIR", dataDir.c_str()) {
+DataDirScope::DataDirScope(const std::string& dataDir)
+    : m_env("DEVCTRL_DATA_DIR", dataDir.c_str()) {
     dropManager();
 }
 
-DataDirScope::~DataDirScope() { dropManager(); }
+DataDirScope::~DataDirScope() {
+    dropManager();
+}
 
 int runTool(const std::string& args, std::string* out, std::string* err) {
     TempDir scratch;
-    std::string command = std::string(DEVCTRL_TOOL_PATH) + " " + args + " >" +
-                          scratch.file("out") + " 2>" + scratch.file("err");
+    std::string command = std::string(DEVCTRL_TOOL_PATH) + " " + args + " >" + scratch.file("out") +
+                          " 2>" + scratch.file("err");
     int status = std::system(command.c_str());
-    if (out) *out = readFile(scratch.file("out"));
-    if (err) *err = readFile(scratch.file("err"));
+    if (out)
+        *out = readFile(scratch.file("out"));
+    if (err)
+        *err = readFile(scratch.file("err"));
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

@@ -9,7 +9,7 @@ namespace devctrl_test {
 
 // A fresh directory under the system temp dir, removed with its content.
 class TempDir {
-public:
+  public:
     TempDir();
     ~TempDir();
     TempDir(const TempDir&) = delete;
@@ -20,19 +20,22 @@ public:
     std::string write(const std::string& relative, const std::string& content) const;
     std::string file(const std::string& relative) const { return m_path + "/" + relative; }
 
-private:
+  private:
     std::string m_path;
 };
 
 std::string readFile(const std::string& path);
 
+// The names in a directory, sorted.
+std::vector<std::string> listDirectory(const std::string& directory);
+
 // Sets (or unsets, with a null value) an environment variable for a scope.
 class EnvGuard {
-public:
+  public:
     EnvGuard(const char* name, const char* value);
     ~EnvGuard();
 
-private:
+  private:
     std::string m_name;
     bool m_had;
     std::string m_old;
@@ -40,13 +43,13 @@ private:
 
 // Collects diagTrace messages for a scope instead of printing them.
 class TraceCapture {
-public:
+  public:
     TraceCapture();
     ~TraceCapture();
     const std::vector<std::string>& lines() const { return m_lines; }
     bool contains(const std::string& text) const;
 
-private:
+  private:
     std::vector<std::string> m_lines;
 };
 
@@ -54,11 +57,11 @@ private:
 // database built before, so the next getInstance() loads `dataDir` afresh.
 // Restores the previous data directory and drops the manager at scope end.
 class DataDirScope {
-public:
+  public:
     explicit DataDirScope(const std::string& dataDir);
     ~DataDirScope();
 
-private:
+  private:
     EnvGuard m_env;
 };
 
