@@ -6,23 +6,28 @@
 
 namespace tarn::vyxpn {
 
-bool isNumber(char c) { return c >= '0' && c <= '9'; }
+bool isNumber(char c) {
+    return c >= '0' && c <= '9';
+}
 
 namespace {
 
 // The run of digits starting at `pos`; advances `pos` past it.
 std::string digitRunFrom(const std::string& text, std::size_t& pos) {
     std::size_t start = pos;
-    while (pos < text.size() && isNumber(text[pos])) ++pos;
+    while (pos < text.size() && isNumber(text[pos]))
+        ++pos;
     return text.substr(start, pos - start);
 }
 
 // The last run of digits in `text`, or "".
 std::string lastDigitRun(const std::string& text) {
     std::size_t end = text.size();
-    while (end > 0 && !isNumber(text[end - 1])) --end;
+    while (end > 0 && !isNumber(text[end - 1]))
+        --end;
     std::size_t start = end;
-    while (start > 0 && isNumber(text[start - 1])) --start;
+    while (start > 0 && isNumber(text[start - 1]))
+        --start;
     return text.substr(start, end - start);
 }
 
@@ -38,7 +43,8 @@ bool STRgreater(const std::string& a, const std::string& b) {
             int left = util::parseString<int>(digitRunFrom(a, i));
             int right = util::parseString<int>(digitRunFrom(b, j));
             // A differing number overrides any character difference seen so far.
-            if (left != right) return left < right;
+            if (left != right)
+                return left < right;
             continue;
         }
         if (!decided) {
@@ -61,13 +67,16 @@ bool PKGSTRgreater(std::string a, std::string b) {
     if (!runA.empty() && !runB.empty()) {
         int left = util::parseString<int>(runA);
         int right = util::parseString<int>(runB);
-        if (left != right) return left < right;
+        if (left != right)
+            return left < right;
     }
-    if (b.empty()) return false;
+    if (b.empty())
+        return false;
     for (std::size_t k = 0; k < a.size() && k < b.size(); ++k) {
         signed char left = static_cast<signed char>(a[k]);
         signed char right = static_cast<signed char>(b[k]);
-        if (left != right) return left < right;
+        if (left != right)
+            return left < right;
     }
     return a.size() < b.size();
 }

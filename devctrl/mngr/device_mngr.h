@@ -2,8 +2,11 @@
 // The process-wide device manager: loads one family data object per installed
 // PM and answers every query by PM, family or full part name.
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -18,7 +21,7 @@ using StringList = std::vector<std::string>;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
 class TarnDeviceMngr {
-public:
+  public:
     TarnDeviceMngr();
     ~TarnDeviceMngr();
     TarnDeviceMngr(const TarnDeviceMngr&) = delete;
@@ -53,16 +56,13 @@ public:
                      bool withObsolete, bool ascOnly);
     void getSpeeds(const std::string& pm, const std::string& device, const std::string& package,
                    StringList& out, bool withObsolete, bool ascOnly);
-    void getOperations(const std::string& pm, const std::string& device,
-                       const std::string& package, const std::string& speed, StringList& out,
-                       bool withObsolete, bool ascOnly);
-    void getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete,
-                         bool ascOnly);
+    void getOperations(const std::string& pm, const std::string& device, const std::string& package,
+                       const std::string& speed, StringList& out, bool withObsolete, bool ascOnly);
+    void getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete, bool ascOnly);
     void getAllFamilies(StringList& out, bool withObsolete, bool ascOnly);
 
     static void baseGetDevices(const std::string& pm, StringList& out);
-    static void baseGetPackages(const std::string& pm, const std::string& device,
-                                StringList& out);
+    static void baseGetPackages(const std::string& pm, const std::string& device, StringList& out);
     static void baseGetSpeeds(const std::string& pm, const std::string& device,
                               const std::string& package, StringList& out);
     static void baseGetOperations(const std::string& pm, const std::string& device,
@@ -117,10 +117,29 @@ public:
     bool isValid(const TarnDeviceObj& dev, std::string& message);
     int checkDevice(const std::string& name, std::string& newName);
 
+    // ---- indexes (mngr_indexes.cpp) ----
+    // Queries keep indexes of the loaded tables, built when first needed and
+    // dropped whenever a family is loaded, reloaded, adopted or reset. A host
+    // that edits a loaded family's tables in place calls this afterwards.
+    void invalidateIndexes();
+    // Changes whenever the indexes are dropped; cached answers that depend on
+    // every loaded family (ASC capacity of a part) compare it.
+    std::uint64_t indexGeneration() const { return m_indexGeneration; }
+
     static TarnDeviceMngr* m_pMngr;
 
-private:
+  private:
+    // The family a part name belongs to: the first, in PM order, whose part
+    // table holds it and has the columns a name lookup reads.
+    struct PartOwner {
+        const std::string* pm;
+        const TarnSDSFile* file;
+    };
+    const PartOwner* ownerOf(const std::string& part);
+
     std::map<std::string, TarnSDSFile*> m_familyFiles;
+    std::uint64_t m_indexGeneration = 1;
+    std::optional<std::unordered_map<std::string, PartOwner>> m_partOwners;
 };
 
 // The ','-separated members of one key; empties `out` and returns the count.

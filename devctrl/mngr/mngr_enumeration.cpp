@@ -11,8 +11,7 @@ void TarnDeviceMngr::getDevices(const std::string& pm, StringList& out, bool wit
     const TarnSDSFile* file = getFamilyFile(pm);
     if (!file)
         return;
-    file->getDevices(out, withObsolete, ascOnly);
-    sortNatural(out);
+    file->getSortedList(PartListKind::Devices, "", "", "", out, withObsolete, ascOnly);
 }
 
 void TarnDeviceMngr::getPackages(const std::string& pm, const std::string& device, StringList& out,
@@ -20,8 +19,7 @@ void TarnDeviceMngr::getPackages(const std::string& pm, const std::string& devic
     const TarnSDSFile* file = getFamilyFile(pm);
     if (!file)
         return;
-    file->getPackages(device, out, withObsolete, ascOnly);
-    sortPackages(out);
+    file->getSortedList(PartListKind::Packages, device, "", "", out, withObsolete, ascOnly);
 }
 
 void TarnDeviceMngr::getSpeeds(const std::string& pm, const std::string& device,
@@ -30,8 +28,7 @@ void TarnDeviceMngr::getSpeeds(const std::string& pm, const std::string& device,
     const TarnSDSFile* file = getFamilyFile(pm);
     if (!file)
         return;
-    file->getSpeeds(device, package, out, withObsolete, ascOnly);
-    sortNatural(out);
+    file->getSortedList(PartListKind::Speeds, device, package, "", out, withObsolete, ascOnly);
 }
 
 void TarnDeviceMngr::getOperations(const std::string& pm, const std::string& device,
@@ -40,8 +37,8 @@ void TarnDeviceMngr::getOperations(const std::string& pm, const std::string& dev
     const TarnSDSFile* file = getFamilyFile(pm);
     if (!file)
         return;
-    file->getOperations(device, package, speed, out, withObsolete, ascOnly);
-    sortNatural(out);
+    file->getSortedList(PartListKind::Conditions, device, package, speed, out, withObsolete,
+                        ascOnly);
 }
 
 void TarnDeviceMngr::getAllPartsByPM(const std::string& pm, StringList& out, bool withObsolete,
@@ -56,12 +53,8 @@ void TarnDeviceMngr::getAllPartsByPM(const std::string& pm, StringList& out, boo
 void TarnDeviceMngr::getAllFamilies(StringList& out, bool withObsolete, bool ascOnly) {
     // A family shows only when at least one of its parts passes the filters;
     // this is how obsolete-only and ASC-less families drop out of the list.
-    StringList parts;
     for (const auto& [pm, file] : m_familyFiles) {
-        if (!file)
-            continue;
-        file->getAllParts(parts, withObsolete, ascOnly);
-        if (parts.empty())
+        if (!file || !file->anyPartPasses(withObsolete, ascOnly))
             continue;
         const std::string family = basePmToFamily(pm);
         if (!family.empty())

@@ -17,11 +17,13 @@ TarnDeviceMngr::~TarnDeviceMngr() {
     // reads the data directory afresh (a process may switch directories).
     delete PM_DATABASE::_database;
     PM_DATABASE::_database = nullptr;
-    if (m_pMngr == this) m_pMngr = nullptr;
+    if (m_pMngr == this)
+        m_pMngr = nullptr;
 }
 
 TarnDeviceMngr* TarnDeviceMngr::getInstance() {
-    if (m_pMngr) return m_pMngr;
+    if (m_pMngr)
+        return m_pMngr;
     // Published before loading: a family that asks for the manager while it
     // loads must get this one, not start a second.
     m_pMngr = new TarnDeviceMngr();
@@ -40,22 +42,27 @@ void TarnDeviceMngr::init() {
 }
 
 void TarnDeviceMngr::reset() {
-    for (auto& entry : m_familyFiles) delete entry.second;
+    for (auto& entry : m_familyFiles)
+        delete entry.second;
     m_familyFiles.clear();
+    invalidateIndexes();
 }
 
 bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
     auto loaded = m_familyFiles.find(pm);
     if (loaded != m_familyFiles.end()) {
-        if (!reload) return true;
+        if (!reload)
+            return true;
         // No rollback: a failed reload leaves the PM unloaded.
         delete loaded->second;
         m_familyFiles.erase(loaded);
+        invalidateIndexes();
     }
     // Owned until stored: a range error out of bad data must not leak it.
     auto file = std::make_unique<TarnSDSFile>(pm, this);
     if (file->init()) {
         m_familyFiles[pm] = file.release();
+        invalidateIndexes();
         return true;
     }
     diagTrace(("TarnDeviceMngr failed to load " + pm + " device information.").c_str(), nullptr);
@@ -68,10 +75,13 @@ TarnSDSFile* TarnDeviceMngr::getFamilyFile(const std::string& pm) const {
 }
 
 void TarnDeviceMngr::adoptFamilyFile(TarnSDSFile* file) {
-    if (!file) return;
+    if (!file)
+        return;
     auto& slot = m_familyFiles[file->m_pm];
-    if (slot != file) delete slot;
+    if (slot != file)
+        delete slot;
     slot = file;
+    invalidateIndexes();
 }
 
 }  // namespace tarn::vyxpn

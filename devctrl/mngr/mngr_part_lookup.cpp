@@ -7,20 +7,17 @@ namespace tarn::vyxpn {
 bool TarnDeviceMngr::getNameByPart(const std::string& part, std::string& pm, std::string& device,
                                    std::string& package, std::string& speed,
                                    std::string& condition) {
-    // PMs are asked in code order, so a name known to two families belongs
-    // to the one whose code sorts first.
+    // A name known to two families belongs to the one whose code sorts first.
+    const PartOwner* owner = ownerOf(part);
     std::string d, p, s, c;
-    for (const auto& [code, file] : m_familyFiles) {
-        if (!file || !file->getNameByPart(part, d, p, s, c))
-            continue;
-        pm = code;
-        device = d;
-        package = p;
-        speed = s;
-        condition = c;
-        return true;
-    }
-    return false;
+    if (!owner || !owner->file->getNameByPart(part, d, p, s, c))
+        return false;
+    pm = *owner->pm;
+    device = d;
+    package = p;
+    speed = s;
+    condition = c;
+    return true;
 }
 
 bool TarnDeviceMngr::exists(const std::string& part) {

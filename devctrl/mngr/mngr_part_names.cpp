@@ -17,11 +17,6 @@ namespace tarn::vyxpn {
 
 namespace {
 
-bool cellEquals(const std::vector<std::string>& row, int column, const std::string& value) {
-    return static_cast<std::size_t>(column) < row.size() &&
-           strcasecmp(row[column].c_str(), value.c_str()) == 0;
-}
-
 // Sections of the device name list and the answer each gives.
 constexpr const char* kNameListFile = "pqrndev.lst";
 constexpr const char* kRenamedSection = "Name Transfer";
@@ -57,12 +52,8 @@ std::string TarnDeviceMngr::getPartName(const std::string& pm, const std::string
     if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
         return "";
     // Key order decides between parts that differ only in their suffix.
-    for (const auto& [part, row] : parts.m_datas) {
-        if (cellEquals(row, deviceColumn, device) && cellEquals(row, packageColumn, package) &&
-            cellEquals(row, speedColumn, speed) && cellEquals(row, conditionColumn, condition))
-            return part;
-    }
-    return "";
+    const std::string* part = file->index().partByFields(device, package, speed, condition);
+    return part ? *part : "";
 }
 
 bool TarnDeviceMngr::getInnerDeviceName(const std::string& part, std::string& inner) {

@@ -92,6 +92,7 @@ void TarnSDSFile::buildDatabase() {
 // Every combination of the base part-model lists, filtered by the exception
 // lists, or, when the family lists parts, by that list alone.
 void TarnSDSFile::_buildDatabase_auto() {
+    invalidateIndexes();
     m_genericDevices.clear();
     m_deviceInfo.clear();
     setPartColumns(*this, kAutoColumns, m_genericDevices);
@@ -157,6 +158,7 @@ void TarnSDSFile::_buildDatabase_auto() {
 // The parts exactly as listed: each part row starts with device, package,
 // speed, condition and suffix; the item values follow.
 void TarnSDSFile::_buildDatabase_opn() {
+    invalidateIndexes();
     m_genericDevices.clear();
     m_deviceInfo.clear();
     setPartColumns(*this, kListedColumns, m_genericDevices);

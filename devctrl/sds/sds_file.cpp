@@ -13,9 +13,15 @@ namespace tarn::vyxpn {
 TarnSDSFile::TarnSDSFile(std::string pm, TarnDeviceMngr* mngr)
     : m_pm(std::move(pm)), m_pDeviceMngr(mngr) {}
 
-TarnSDSFile::~TarnSDSFile() { resetAll(); }
+TarnSDSFile::~TarnSDSFile() {
+    // Going away, possibly while the manager deletes all of its families:
+    // nobody is left to tell.
+    m_pDeviceMngr = nullptr;
+    resetAll();
+}
 
 void TarnSDSFile::reset() {
+    invalidateIndexes();
     m_pkgAlias.clear();
     m_resourceItems.clear();
     m_resourceLabels.clear();
@@ -43,7 +49,8 @@ namespace {
 // The directory of the family's part data file, ending in a separator. Either
 // separator counts as already there, so paths of both conventions pass.
 std::string partDataDirectory(const std::string& partDataPath) {
-    QString directory = QFileInfo(QFile::decodeName(partDataPath.c_str())).absoluteDir().absolutePath();
+    QString directory =
+        QFileInfo(QFile::decodeName(partDataPath.c_str())).absoluteDir().absolutePath();
     if (!directory.endsWith(QChar('/'), Qt::CaseSensitive) &&
         !directory.endsWith(QChar('\\'), Qt::CaseSensitive))
         directory.append(QChar('/'));
@@ -63,7 +70,8 @@ bool TarnSDSFile::init() {
     {
         PM_PIC pic(nullptr, nullptr, nullptr, 0);
         pic.set_pm(m_pm.c_str(), 0);
-        if (const char* path = pic.getDataFilePath(1, ".pwd", 0, 1)) partDataPath = path;
+        if (const char* path = pic.getDataFilePath(1, ".pwd", 0, 1))
+            partDataPath = path;
     }
     if (!partDataPath.empty()) {
         std::string directory = partDataDirectory(partDataPath);

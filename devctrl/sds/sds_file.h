@@ -3,10 +3,12 @@
 // part data file, and the part and resource tables generated from them.
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file_section.h"
 
 namespace tarn::vyxpn {
@@ -17,7 +19,7 @@ class TarnDeviceObj;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
 class TarnSDSFile {
-public:
+  public:
     TarnSDSFile(std::string pm, TarnDeviceMngr* mngr);
     ~TarnSDSFile();
     TarnSDSFile(const TarnSDSFile&) = delete;
@@ -51,15 +53,22 @@ public:
 
     // ---- part lists (sds_part_lists.cpp) ----
     void getDevices(std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
-    void getPackages(const std::string& device, std::vector<std::string>& list,
-                     bool withObsolete, bool ascOnly) const;
+    void getPackages(const std::string& device, std::vector<std::string>& list, bool withObsolete,
+                     bool ascOnly) const;
     void getSpeeds(const std::string& device, const std::string& package,
                    std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
     void getOperations(const std::string& device, const std::string& package,
-                       const std::string& speed, std::vector<std::string>& list,
-                       bool withObsolete, bool ascOnly) const;
+                       const std::string& speed, std::vector<std::string>& list, bool withObsolete,
+                       bool ascOnly) const;
     void getAllParts(std::vector<std::string>& list, bool withObsolete, bool ascOnly) const;
     void getCustomItems(std::vector<std::string>& list) const;
+    // A device, package, speed or condition list as users see it (natural
+    // order; packages by pin count). Unused cells are ignored.
+    void getSortedList(PartListKind kind, const std::string& device, const std::string& package,
+                       const std::string& speed, std::vector<std::string>& list, bool withObsolete,
+                       bool ascOnly) const;
+    // Whether getAllParts would list anything.
+    bool anyPartPasses(bool withObsolete, bool ascOnly) const;
     static void filterVector(std::vector<std::string>& row, const std::vector<int>& keep);
 
     // ---- item values (sds_item_values.cpp) ----
@@ -69,14 +78,12 @@ public:
                                            const std::string& package,
                                            std::string defaultValue) const;
     std::string _internalGetDevPkgItemValue(bool& found, const std::string& item,
-                                            const std::string& device,
-                                            const std::string& package,
+                                            const std::string& device, const std::string& package,
                                             std::string defaultValue) const;
     std::string internalGetPartItemValue(const std::string& item, const std::string& part,
                                          std::string defaultValue) const;
     std::string _internalGetPartItemValue(bool& found, const std::string& item,
-                                          const std::string& part,
-                                          std::string defaultValue) const;
+                                          const std::string& part, std::string defaultValue) const;
 
     // ---- part names (sds_part_names.cpp) ----
     std::string getShortPackage(const std::string& device, const std::string& package) const;
@@ -102,6 +109,17 @@ public:
     bool calcDeviceData(const std::string& device, const std::string& package,
                         KeyValueReport& data) const;
 
+    // ---- indexes of the part table (sds_index.cpp) ----
+    // Queries keep indexes of the tables, built when first needed. Loading,
+    // resetting and building drop them (and the manager's); a host that edits
+    // the tables in place calls invalidateIndexes() afterwards. Like the
+    // manager, a family object is not for concurrent use.
+    void invalidateIndexes();
+    // Drops this family's indexes only (the manager does this for each of its
+    // families when any of them changes).
+    void dropOwnIndexes() { m_index.reset(); }
+    TarnPartIndex& index() const;
+
     // ---- writer and dump (sds_write.cpp) ----
     void writeSDS(std::string path) const;
     void printMe() const;
@@ -126,6 +144,9 @@ public:
     std::string m_defaultASC;
     std::string m_partGenerateMethod;
     TarnDeviceMngr* m_pDeviceMngr = nullptr;
+
+  private:
+    mutable std::unique_ptr<TarnPartIndex> m_index;
 };
 
 }  // namespace tarn::vyxpn

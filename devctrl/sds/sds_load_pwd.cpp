@@ -198,6 +198,7 @@ bool TarnSDSFile::loadPWD(std::string path, const std::vector<std::string>& reso
 }
 
 bool TarnSDSFile::mergePWDToACD(TarnSDSFileSection& acd, TarnSDSFileSection& pwd) {
+    invalidateIndexes();
     bool acdHasNoColumns =
         acd.m_items.empty() || (acd.m_items.size() == 1 && acd.m_items.front().empty());
     if (acdHasNoColumns) {

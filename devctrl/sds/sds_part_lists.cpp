@@ -1,5 +1,6 @@
 #include <unordered_set>
 
+#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
@@ -63,39 +64,110 @@ void collectDistinct(const TarnSDSFile& file, const char* wanted,
     }
 }
 
+// The walk's column checks, then the index when it can answer. True when the
+// list came from the index, already in the order asked for.
+bool collectList(const TarnSDSFile& file, PartListKind kind, const std::string& device,
+                 const std::string& package, const std::string& speed,
+                 std::vector<std::string>& list, bool withObsolete, bool ascOnly, bool sorted) {
+    static const char* const kWanted[] = {"Device", "Package", "Speed", "Condition"};
+    const auto slot = static_cast<std::size_t>(kind);
+    const TarnSDSFileSection& parts = file.m_genericDevices;
+    if (parts.columnOf(kWanted[slot]) < 0 || parts.columnOf("Status") < 0)
+        return false;
+    for (std::size_t column = 0; column < slot; ++column)
+        if (parts.columnOf(kWanted[column]) < 0)
+            return false;
+
+    bool usable = false;
+    const CachedPartList* cached =
+        file.index().find(kind, device, package, speed, withObsolete, ascOnly, usable);
+    if (cached) {
+        list = sorted ? cached->sorted() : cached->firstSeen();
+        return true;
+    }
+    if (usable) {
+        list.clear();
+        return true;
+    }
+    std::vector<ColumnMatch> matches;
+    const std::string* cells[] = {&device, &package, &speed};
+    for (std::size_t column = 0; column < slot; ++column)
+        matches.push_back({kWanted[column], cells[column]});
+    collectDistinct(file, kWanted[slot], matches, list, withObsolete, ascOnly);
+    return false;
+}
+
+void sortAsShown(PartListKind kind, std::vector<std::string>& list) {
+    if (kind == PartListKind::Packages)
+        sortPackages(list);
+    else
+        sortNatural(list);
+}
+
 }  // namespace
 
 void TarnSDSFile::getDevices(std::vector<std::string>& list, bool withObsolete,
                              bool ascOnly) const {
-    collectDistinct(*this, "Device", {}, list, withObsolete, ascOnly);
+    collectList(*this, PartListKind::Devices, "", "", "", list, withObsolete, ascOnly, false);
 }
 
 void TarnSDSFile::getPackages(const std::string& device, std::vector<std::string>& list,
                               bool withObsolete, bool ascOnly) const {
-    collectDistinct(*this, "Package", {{"Device", &device}}, list, withObsolete, ascOnly);
+    collectList(*this, PartListKind::Packages, device, "", "", list, withObsolete, ascOnly, false);
 }
 
 void TarnSDSFile::getSpeeds(const std::string& device, const std::string& package,
                             std::vector<std::string>& list, bool withObsolete, bool ascOnly) const {
-    collectDistinct(*this, "Speed", {{"Device", &device}, {"Package", &package}}, list,
-                    withObsolete, ascOnly);
+    collectList(*this, PartListKind::Speeds, device, package, "", list, withObsolete, ascOnly,
+                false);
 }
 
 void TarnSDSFile::getOperations(const std::string& device, const std::string& package,
                                 const std::string& speed, std::vector<std::string>& list,
                                 bool withObsolete, bool ascOnly) const {
-    collectDistinct(*this, "Condition",
-                    {{"Device", &device}, {"Package", &package}, {"Speed", &speed}}, list,
-                    withObsolete, ascOnly);
+    collectList(*this, PartListKind::Conditions, device, package, speed, list, withObsolete,
+                ascOnly, false);
+}
+
+void TarnSDSFile::getSortedList(PartListKind kind, const std::string& device,
+                                const std::string& package, const std::string& speed,
+                                std::vector<std::string>& list, bool withObsolete,
+                                bool ascOnly) const {
+    // Lists that came from the walk, or were left as they were because the
+    // table cannot answer, are sorted here like any other.
+    if (!collectList(*this, kind, device, package, speed, list, withObsolete, ascOnly, true))
+        sortAsShown(kind, list);
 }
 
 void TarnSDSFile::getAllParts(std::vector<std::string>& list, bool withObsolete,
                               bool ascOnly) const {
     list.clear();
-    for (const auto& entry : m_genericDevices.m_datas) {
+    const auto& parts = m_genericDevices.m_datas;
+    if (index().prepareFilters(withObsolete, ascOnly)) {
+        std::size_t position = 0;
+        for (const auto& entry : parts)
+            if (index().passes(position++, withObsolete, ascOnly))
+                list.push_back(entry.first);
+        return;
+    }
+    for (const auto& entry : parts) {
         if (passesFilters(*this, entry.first, withObsolete, ascOnly))
             list.push_back(entry.first);
     }
+}
+
+bool TarnSDSFile::anyPartPasses(bool withObsolete, bool ascOnly) const {
+    const auto& parts = m_genericDevices.m_datas;
+    if (index().prepareFilters(withObsolete, ascOnly)) {
+        for (std::size_t position = 0; position < parts.size(); ++position)
+            if (index().passes(position, withObsolete, ascOnly))
+                return true;
+        return false;
+    }
+    // A filter raises for some part: the full listing raises the same way.
+    std::vector<std::string> list;
+    getAllParts(list, withObsolete, ascOnly);
+    return !list.empty();
 }
 
 void TarnSDSFile::getCustomItems(std::vector<std::string>& list) const {

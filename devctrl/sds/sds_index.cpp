@@ -1,0 +1,19 @@
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+
+namespace tarn::vyxpn {
+
+TarnPartIndex& TarnSDSFile::index() const {
+    if (!m_index)
+        m_index = std::make_unique<TarnPartIndex>(*this);
+    return *m_index;
+}
+
+void TarnSDSFile::invalidateIndexes() {
+    dropOwnIndexes();
+    // The manager's indexes (part owners, ASC capacity) read this family too.
+    if (m_pDeviceMngr)
+        m_pDeviceMngr->invalidateIndexes();
+}
+
+}  // namespace tarn::vyxpn
