@@ -134,6 +134,7 @@ class TarnDeviceMngr {
     struct PartOwner {
         const std::string* pm;
         const TarnSDSFile* file;
+        const std::vector<std::string>* row;
     };
     const PartOwner* ownerOf(const std::string& part);
 

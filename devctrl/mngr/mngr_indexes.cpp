@@ -31,7 +31,7 @@ const TarnDeviceMngr::PartOwner* TarnDeviceMngr::ownerOf(const std::string& part
                 parts.columnOf("Package") < 0 || parts.columnOf("Condition") < 0)
                 continue;
             for (const auto& entry : parts.m_datas)
-                m_partOwners->emplace(entry.first, PartOwner{&pm, file});
+                m_partOwners->emplace(entry.first, PartOwner{&pm, file, &entry.second});
         }
     }
     auto found = m_partOwners->find(part);

@@ -61,6 +61,7 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
     // Owned until stored: a range error out of bad data must not leak it.
     auto file = std::make_unique<TarnSDSFile>(pm, this);
     if (file->init()) {
+        file->m_holder = this;
         m_familyFiles[pm] = file.release();
         invalidateIndexes();
         return true;

@@ -10,7 +10,7 @@ bool TarnDeviceMngr::getNameByPart(const std::string& part, std::string& pm, std
     // A name known to two families belongs to the one whose code sorts first.
     const PartOwner* owner = ownerOf(part);
     std::string d, p, s, c;
-    if (!owner || !owner->file->getNameByPart(part, d, p, s, c))
+    if (!owner || !owner->file->getNameByRow(*owner->row, d, p, s, c))
         return false;
     pm = *owner->pm;
     device = d;

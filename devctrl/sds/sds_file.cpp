@@ -17,6 +17,7 @@ TarnSDSFile::~TarnSDSFile() {
     // Going away, possibly while the manager deletes all of its families:
     // nobody is left to tell.
     m_pDeviceMngr = nullptr;
+    m_holder = nullptr;
     resetAll();
 }
 

@@ -94,6 +94,9 @@ class TarnSDSFile {
                                 const std::string& suffix) const;
     bool getNameByPart(const std::string& part, std::string& device, std::string& package,
                        std::string& speed, std::string& condition) const;
+    // The same for a row of the part table already found.
+    bool getNameByRow(const std::vector<std::string>& row, std::string& device,
+                      std::string& package, std::string& speed, std::string& condition) const;
     bool isObsDevice(const std::string& part) const;
     static std::string getFullConditionName(char condition);
 
@@ -146,7 +149,11 @@ class TarnSDSFile {
     TarnDeviceMngr* m_pDeviceMngr = nullptr;
 
   private:
+    friend class TarnDeviceMngr;
     mutable std::unique_ptr<TarnPartIndex> m_index;
+    // The manager holding this family, told of changes too: it need not be
+    // the one in m_pDeviceMngr.
+    TarnDeviceMngr* m_holder = nullptr;
 };
 
 }  // namespace tarn::vyxpn

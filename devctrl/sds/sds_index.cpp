@@ -14,6 +14,8 @@ void TarnSDSFile::invalidateIndexes() {
     // The manager's indexes (part owners, ASC capacity) read this family too.
     if (m_pDeviceMngr)
         m_pDeviceMngr->invalidateIndexes();
+    if (m_holder && m_holder != m_pDeviceMngr)
+        m_holder->invalidateIndexes();
 }
 
 }  // namespace tarn::vyxpn

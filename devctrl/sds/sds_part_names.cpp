@@ -45,18 +45,23 @@ std::string TarnSDSFile::createInnerPart(std::string device, std::string /*speed
 
 bool TarnSDSFile::getNameByPart(const std::string& part, std::string& device, std::string& package,
                                 std::string& speed, std::string& condition) const {
+    auto row = m_genericDevices.m_datas.find(part);
+    if (row == m_genericDevices.m_datas.end())
+        return false;
+    return getNameByRow(row->second, device, package, speed, condition);
+}
+
+bool TarnSDSFile::getNameByRow(const std::vector<std::string>& cells, std::string& device,
+                               std::string& package, std::string& speed,
+                               std::string& condition) const {
     const int deviceColumn = m_genericDevices.columnOf("Device");
     const int speedColumn = m_genericDevices.columnOf("Speed");
     const int packageColumn = m_genericDevices.columnOf("Package");
     const int conditionColumn = m_genericDevices.columnOf("Condition");
     if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
         return false;
-    auto row = m_genericDevices.m_datas.find(part);
-    if (row == m_genericDevices.m_datas.end())
-        return false;
     // Range-checked on purpose: a short row is broken data and must not pass
     // as an empty field.
-    const auto& cells = row->second;
     const std::string& deviceCell = cells.at(deviceColumn);
     const std::string& packageCell = cells.at(packageColumn);
     const std::string& speedCell = cells.at(speedColumn);

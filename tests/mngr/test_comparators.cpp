@@ -45,8 +45,14 @@ TEST(Comparators, EqualAndHugeNamesAreNeitherBefore) {
         EXPECT_FALSE(STRgreater(text, text)) << text;
         EXPECT_FALSE(PKGSTRgreater(text, text)) << text;
     }
-    (void)STRgreater("ZR" + std::string(40, '9'), "ZR1");  // must not crash
-    (void)PKGSTRgreater("BG" + std::string(30, '1'), "BG100");
+    // A number too long for an int counts as the largest int.
+    const std::string huge = "ZR" + std::string(40, '9');
+    EXPECT_TRUE(STRgreater("ZR1", huge));
+    EXPECT_TRUE(STRgreater("ZR2147483646", huge));
+    EXPECT_TRUE(STRgreater("ZR2147483647", huge));  // equal numbers: the shorter first
+    EXPECT_FALSE(STRgreater(huge, "ZR2147483647"));
+    EXPECT_TRUE(PKGSTRgreater("BG100", "BG" + std::string(30, '1')));
+    EXPECT_TRUE(PKGSTRgreater("AB" + std::string(30, '1'), "BG2147483647"));
 }
 
 TEST(Comparators, SortRealisticLists) {
