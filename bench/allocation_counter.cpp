@@ -31,17 +31,35 @@ void countedRelease(void* block) noexcept {
 
 }  // namespace
 
-void* operator new(std::size_t size) { return countedAllocate(size); }
-void* operator new[](std::size_t size) { return countedAllocate(size); }
-void operator delete(void* block) noexcept { countedRelease(block); }
-void operator delete[](void* block) noexcept { countedRelease(block); }
-void operator delete(void* block, std::size_t) noexcept { countedRelease(block); }
-void operator delete[](void* block, std::size_t) noexcept { countedRelease(block); }
+void* operator new(std::size_t size) {
+    return countedAllocate(size);
+}
+void* operator new[](std::size_t size) {
+    return countedAllocate(size);
+}
+void operator delete(void* block) noexcept {
+    countedRelease(block);
+}
+void operator delete[](void* block) noexcept {
+    countedRelease(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    countedRelease(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    countedRelease(block);
+}
 
 namespace devctrl_bench {
 
-std::size_t heapBytesInUse() { return g_inUse.load(); }
-std::size_t heapBytesPeak() { return g_peak.load(); }
-void resetHeapPeak() { g_peak.store(g_inUse.load()); }
+std::size_t heapBytesInUse() {
+    return g_inUse.load();
+}
+std::size_t heapBytesPeak() {
+    return g_peak.load();
+}
+void resetHeapPeak() {
+    g_peak.store(g_inUse.load());
+}
 
 }  // namespace devctrl_bench

@@ -13,7 +13,7 @@ namespace devctrl_bench {
 namespace {
 
 class CatalogueStore {
-public:
+  public:
     ~CatalogueStore() {
         std::error_code ignored;
         if (!m_root.empty())
@@ -38,7 +38,7 @@ public:
         return m_catalogues.emplace(parts, std::move(catalogue)).first->second;
     }
 
-private:
+  private:
     std::string m_root;
     std::map<std::size_t, BenchCatalogue> m_catalogues;
 };
@@ -50,7 +50,9 @@ CatalogueStore& store() {
 
 }  // namespace
 
-const BenchCatalogue& benchCatalogue(std::size_t parts) { return store().get(parts); }
+const BenchCatalogue& benchCatalogue(std::size_t parts) {
+    return store().get(parts);
+}
 
 void useCatalogue(const BenchCatalogue& catalogue) {
     delete tarn::vyxpn::TarnDeviceMngr::m_pMngr;

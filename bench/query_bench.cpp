@@ -82,8 +82,12 @@ const QuerySubjects& subjects() {
     return s;
 }
 
-bool withObsolete(const benchmark::State& state) { return state.range(0) & 1; }
-bool ascOnly(const benchmark::State& state) { return state.range(0) & 2; }
+bool withObsolete(const benchmark::State& state) {
+    return state.range(0) & 1;
+}
+bool ascOnly(const benchmark::State& state) {
+    return state.range(0) & 2;
+}
 
 void labelFilters(benchmark::State& state, const QuerySubjects& s) {
     state.SetLabel(std::string(withObsolete(state) ? "with obsolete" : "current") +

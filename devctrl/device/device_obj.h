@@ -9,7 +9,7 @@ namespace tarn::vyxpn {
 // A chosen part together with the external ASC chips linked to it. A plain
 // value: callers fill and read the two fields directly.
 class TarnDeviceObj {
-public:
+  public:
     TarnDeviceObj() = default;
     explicit TarnDeviceObj(const std::string& part) : m_part(part) {}
     TarnDeviceObj(const TarnDeviceObj& other);

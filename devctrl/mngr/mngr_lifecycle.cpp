@@ -82,6 +82,7 @@ void TarnDeviceMngr::adoptFamilyFile(TarnSDSFile* file) {
     if (slot != file)
         delete slot;
     slot = file;
+    file->m_holder = this;
     invalidateIndexes();
 }
 

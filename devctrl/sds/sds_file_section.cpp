@@ -9,7 +9,8 @@ int TarnSDSFileSection::columnOf(const std::string& item) const {
 }
 
 const std::string* TarnSDSFileSection::cell(const std::string& key, int column) const {
-    if (column < 0) return nullptr;
+    if (column < 0)
+        return nullptr;
     auto row = m_datas.find(key);
     if (row == m_datas.end() || static_cast<std::size_t>(column) >= row->second.size())
         return nullptr;

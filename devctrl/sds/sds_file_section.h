@@ -10,7 +10,7 @@ namespace tarn::vyxpn {
 // column i; a row may be shorter than the column list (the missing cells are
 // simply not there) or longer (the extra values are never found by name).
 class TarnSDSFileSection {
-public:
+  public:
     void clear() {
         m_items.clear();
         m_datas.clear();

@@ -17,30 +17,34 @@ using Fields = std::vector<std::string>;
 // The first record of a single-valued key; false when the key has no record.
 bool readSingle(const PM_DEVKEY& keys, const char* key, std::string& value) {
     PM_DEVKEY_KEYITER iter(&keys, key, ':', 0, 0);
-    if (!iter.record()) return false;
+    if (!iter.record())
+        return false;
     value = iter.record();
     return true;
 }
 
 // Calls `take` with the fields of every ':'-separated record of `key`, in order.
 // Returns the number of records.
-int readRecords(const PM_DEVKEY& keys, const char* key,
-                const std::function<void(Fields&)>& take) {
+int readRecords(const PM_DEVKEY& keys, const char* key, const std::function<void(Fields&)>& take) {
     int count = 0;
     Fields fields;
     for (PM_DEVKEY_KEYITER iter(&keys, key, ':', ',', 0); iter.record(); iter.setupNextIAndJ()) {
         fields.clear();
-        for (; iter.field(); iter.advanceToNextJ()) fields.emplace_back(iter.field());
+        for (; iter.field(); iter.advanceToNextJ())
+            fields.emplace_back(iter.field());
         take(fields);
         ++count;
     }
     return count;
 }
 
-std::string takeFirst(Fields& fields) { return fields.empty() ? std::string() : fields[0]; }
+std::string takeFirst(Fields& fields) {
+    return fields.empty() ? std::string() : fields[0];
+}
 
 Fields valuesAfter(Fields& fields, std::size_t keyCount) {
-    if (fields.size() <= keyCount) return {};
+    if (fields.size() <= keyCount)
+        return {};
     return Fields(std::make_move_iterator(fields.begin() + static_cast<long>(keyCount)),
                   std::make_move_iterator(fields.end()));
 }
@@ -62,17 +66,20 @@ bool TarnSDSFile::loadDeviceAcd() {
     // The shared file describes the ASC chips every family may attach.
     QDir dataDir = BaseSystem::getDataPath();
     if (dataDir.exists(QStringLiteral("device.acd"))) {
-        PM_DEVKEY shared(QFile::encodeName(dataDir.filePath(QStringLiteral("device.acd"))).constData(), 0);
+        PM_DEVKEY shared(
+            QFile::encodeName(dataDir.filePath(QStringLiteral("device.acd"))).constData(), 0);
         g_getMemerItems(shared, "ASC_RESOURCE_ITMES", m_ascResourceItems);
         g_getMemerItems(shared, "ASC_ITMES", m_ascSection.m_items);
         readRecords(shared, "ASC_DATAS", [&](Fields& fields) {
             std::string chip = takeFirst(fields);
             m_ascSection.m_datas[chip] = valuesAfter(fields, 1);
             // A record without fields names no chip and leaves the default alone.
-            if (!fields.empty()) m_defaultASC = chip;
+            if (!fields.empty())
+                m_defaultASC = chip;
         });
         std::string defaultChip;
-        if (readSingle(shared, "ASC_DEFAULT", defaultChip)) m_defaultASC = defaultChip;
+        if (readSingle(shared, "ASC_DEFAULT", defaultChip))
+            m_defaultASC = defaultChip;
     }
 
     PM_DEVKEY keys("device.acd", family, 1, 0, 0);
@@ -100,18 +107,21 @@ bool TarnSDSFile::loadDeviceAcd() {
 
     g_getMemerItems(keys, "RESOURCE_ITMES", m_resourceItems);
     readRecords(keys, "RESOURCE_LABELS", [&](Fields& fields) {
-        if (fields.size() == 2) m_resourceLabels.emplace(fields[0], fields[1]);
+        if (fields.size() == 2)
+            m_resourceLabels.emplace(fields[0], fields[1]);
     });
     g_getMemerItems(keys, "ASC_TYPES", m_ascTypes);
     g_getMemerItems(keys, "PART_EXCEPTION", m_partExceptions);
     g_getMemerItems(keys, "DEVICE_EXCEPTION", m_deviceExceptions);
     readRecords(keys, "PACKAGE_EXCEPTION", [&](Fields& fields) {
-        if (fields.size() == 2) m_packageExceptions.emplace_back(fields[0], fields[1]);
+        if (fields.size() == 2)
+            m_packageExceptions.emplace_back(fields[0], fields[1]);
     });
 
     g_getMemerItems(keys, "PM_ITEMS", m_pmSection.m_items);
     Fields pmValues;
-    if (g_getMemerItems(keys, "PM_DATAS", pmValues) > 0) m_pmSection.m_datas[m_pm] = pmValues;
+    if (g_getMemerItems(keys, "PM_DATAS", pmValues) > 0)
+        m_pmSection.m_datas[m_pm] = pmValues;
 
     g_getMemerItems(keys, "DEVICE_ITEMS", m_deviceSection.m_items);
     readKeyedRows(keys, "DEVICE_DATAS", m_deviceSection);

@@ -9,11 +9,9 @@
 extern "C" {
 #endif
 
-unsigned int GetPrivateProfileString(const char* section, const char* key,
-                                     const char* defaultValue, char* buffer, unsigned int size,
-                                     const char* path);
-int GetPrivateProfileInt(const char* section, const char* key, int defaultValue,
-                         const char* path);
+unsigned int GetPrivateProfileString(const char* section, const char* key, const char* defaultValue,
+                                     char* buffer, unsigned int size, const char* path);
+int GetPrivateProfileInt(const char* section, const char* key, int defaultValue, const char* path);
 unsigned int GetPrivateProfileSection(const char* section, char* buffer, unsigned int size,
                                       const char* path);
 int WritePrivateProfileString(const char* section, const char* key, const char* value,

@@ -12,13 +12,15 @@ const char* const kWhitespace = " \t\n\r";
 
 std::string toLower(const std::string& text) {
     std::string result = text;
-    for (char& c : result) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : result)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return result;
 }
 
 std::string toUpper(const std::string& text) {
     std::string result = text;
-    for (char& c : result) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    for (char& c : result)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return result;
 }
 
@@ -35,18 +37,22 @@ std::string trimRight(const std::string& text) {
     return result;
 }
 
-std::string trim(const std::string& text) { return trimRight(trimLeft(text)); }
+std::string trim(const std::string& text) {
+    return trimRight(trimLeft(text));
+}
 
 std::vector<std::string> split(const std::string& text, const std::string& delimiters) {
     std::vector<std::string> tokens;
     Tokenizer tokenizer(text, delimiters);
-    while (tokenizer.nextToken()) tokens.push_back(tokenizer.getToken());
+    while (tokenizer.nextToken())
+        tokens.push_back(tokenizer.getToken());
     return tokens;
 }
 
 int indexOf(const std::vector<std::string>& list, const std::string& value) {
     for (std::size_t i = 0; i < list.size(); ++i)
-        if (list[i] == value) return static_cast<int>(i);
+        if (list[i] == value)
+            return static_cast<int>(i);
     return -1;
 }
 

@@ -9,7 +9,9 @@ Tokenizer::Tokenizer(const std::string& str) : Tokenizer(str, DEFAULT_DELIMITERS
 Tokenizer::Tokenizer(const std::string& str, const std::string& delimiters)
     : m_str(str), m_delimiters(delimiters) {}
 
-bool Tokenizer::nextToken() { return nextToken(m_delimiters); }
+bool Tokenizer::nextToken() {
+    return nextToken(m_delimiters);
+}
 
 bool Tokenizer::nextToken(const std::string& delimiters) {
     std::string::size_type start = m_str.find_first_not_of(delimiters, m_pos);

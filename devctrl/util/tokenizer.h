@@ -8,7 +8,7 @@ namespace tarn::vyxpn::util {
 // token is never empty. The default delimiters are blanks only: tabs and line
 // ends stay inside tokens unless a caller asks for them.
 class Tokenizer {
-public:
+  public:
     static const std::string DEFAULT_DELIMITERS;
 
     explicit Tokenizer(const std::string& str);

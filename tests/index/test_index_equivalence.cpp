@@ -370,10 +370,10 @@ TEST(IndexEquivalenceEdges, FamilyWithoutManagerPointerEditedThenManagerTold) {
     expectManagerMatchesWalk(mngr);
 }
 
-// Known to fail: the family cannot reach the manager that holds it, so its
-// own invalidateIndexes() leaves the manager's part owners and the other
-// families' ASC-filtered lists as they were.
-TEST(IndexEquivalenceEdges, DISABLED_FamilyWithoutManagerPointerEditedThenFamilyTold) {
+// The family has no manager of its own; the one holding it must still hear
+// of the edit, or its part owners and the other families' ASC-filtered lists
+// would stay as they were.
+TEST(IndexEquivalenceEdges, FamilyWithoutManagerPointerEditedThenFamilyTold) {
     TarnDeviceMngr mngr;
     TarnSDSFile* first = adoptWithoutManagerPointer(mngr);
     expectManagerMatchesWalk(mngr);
