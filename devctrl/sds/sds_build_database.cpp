@@ -31,19 +31,50 @@ void setPartColumns(const TarnSDSFile& file, const std::vector<std::string>& fix
     parts.m_items.insert(parts.m_items.end(), customItems.begin(), customItems.end());
 }
 
-// The custom item values of one part: what the part's own row says, else the
-// device/package/family value, "?" when nobody says anything.
-void appendCustomItems(const TarnSDSFile& file, std::size_t firstCustom, const std::string& part,
-                       const std::string& device, const std::string& package,
-                       std::vector<std::string>& row) {
-    const auto& columns = file.m_genericDevices.m_items;
-    for (std::size_t i = firstCustom; i < columns.size(); ++i) {
-        std::string value = file.internalGetPartItemValue(columns[i], part, "");
-        if (value.empty())
-            value = file.internalGetDevPkgItemValue(columns[i], device, package, "?");
-        row.push_back(std::move(value));
+// The custom item values of the parts of one device and package: what a
+// part's own row says, else the device/package/family value, "?" when nobody
+// says anything. The device/package values are looked up once for all the
+// parts that share them; a family builds hundreds of thousands of rows.
+class CustomItemValues {
+  public:
+    CustomItemValues(const TarnSDSFile& file, std::size_t firstCustom)
+        : m_file(file), m_firstCustom(firstCustom) {
+        const auto& columns = file.m_genericDevices.m_items;
+        for (std::size_t i = firstCustom; i < columns.size(); ++i)
+            m_partColumns.push_back(file.m_partSection.columnOf(columns[i]));
     }
-}
+
+    void startDevicePackage(const std::string& device, const std::string& package) {
+        const auto& columns = m_file.m_genericDevices.m_items;
+        m_devicePackageValues.clear();
+        for (std::size_t i = m_firstCustom; i < columns.size(); ++i)
+            m_devicePackageValues.push_back(
+                m_file.internalGetDevPkgItemValue(columns[i], device, package, "?"));
+    }
+
+    void append(const std::string& part, std::vector<std::string>& row) const {
+        const std::vector<std::string>* own = nullptr;
+        if (!m_file.m_partSection.m_datas.empty()) {
+            auto found = m_file.m_partSection.m_datas.find(part);
+            if (found != m_file.m_partSection.m_datas.end())
+                own = &found->second;
+        }
+        for (std::size_t i = 0; i < m_devicePackageValues.size(); ++i) {
+            const int column = m_partColumns[i];
+            const std::string* value = nullptr;
+            if (own && column >= 0 && static_cast<std::size_t>(column) < own->size() &&
+                !(*own)[column].empty())
+                value = &(*own)[column];
+            row.push_back(value ? *value : m_devicePackageValues[i]);
+        }
+    }
+
+  private:
+    const TarnSDSFile& m_file;
+    std::size_t m_firstCustom;
+    std::vector<int> m_partColumns;
+    std::vector<std::string> m_devicePackageValues;
+};
 
 // Column labels of the resource table: a resource's label, or its own name.
 void setResourceColumns(TarnSDSFile& file) {
@@ -73,11 +104,8 @@ std::vector<std::string> suffixesOf(const TarnSDSFile& file, const std::string& 
     return suffixes;
 }
 
-std::string shortCode(const TarnSDSFile& file, const std::string& device,
-                      const std::string& package, char condition, const std::string& suffix) {
-    std::string code = file.getShortPackage(device, package);
-    code += (condition == 'A' || condition == 'a') ? 'E' : condition;
-    return code + suffix;
+char conditionCode(char condition) {
+    return (condition == 'A' || condition == 'a') ? 'E' : condition;
 }
 
 }  // namespace
@@ -107,6 +135,8 @@ void TarnSDSFile::_buildDatabase_auto() {
     const std::unordered_set<std::string> partExceptions(m_partExceptions.begin(),
                                                          m_partExceptions.end());
 
+    CustomItemValues customItems(*this, kAutoColumns.size());
+    const std::size_t columnCount = m_genericDevices.m_items.size();
     std::vector<std::string> packages, speeds;
     for (const std::string& device : devices) {
         if (!listedMode && deviceExceptions.count(device))
@@ -118,24 +148,27 @@ void TarnSDSFile::_buildDatabase_auto() {
             const std::vector<std::string> suffixes = suffixesOf(*this, device, package);
             const std::string conditions =
                 internalGetDevPkgItemValue("Condition", device, package, "IC");
+            const std::string shortPackage = getShortPackage(device, package);
+            customItems.startDevicePackage(device, package);
             TarnDeviceMngr::baseGetSpeeds(m_pm, device, package, speeds);
             for (const std::string& speed : speeds) {
                 for (char condition : conditions) {
                     for (const std::string& suffix : suffixes) {
-                        const std::string part =
-                            createPart(device, speed, package, condition, suffix);
+                        std::string part =
+                            partNameOf(device, speed, shortPackage, condition, suffix);
                         if (listedMode ? m_partSection.m_datas.count(part) == 0
                                        : partExceptions.count(part) != 0)
                             continue;
-                        std::vector<std::string> row{
-                            device,
-                            speed,
-                            package,
-                            shortCode(*this, device, package, condition, suffix),
-                            getFullConditionName(condition),
-                            suffix};
-                        appendCustomItems(*this, kAutoColumns.size(), part, device, package, row);
-                        m_genericDevices.m_datas[part] = std::move(row);
+                        std::vector<std::string> row;
+                        row.reserve(columnCount);
+                        row.push_back(device);
+                        row.push_back(speed);
+                        row.push_back(package);
+                        row.push_back(shortPackage + conditionCode(condition) + suffix);
+                        row.push_back(getFullConditionName(condition));
+                        row.push_back(suffix);
+                        customItems.append(part, row);
+                        m_genericDevices.m_datas.insert_or_assign(std::move(part), std::move(row));
                     }
                 }
             }
@@ -163,6 +196,9 @@ void TarnSDSFile::_buildDatabase_opn() {
     m_deviceInfo.clear();
     setPartColumns(*this, kListedColumns, m_genericDevices);
 
+    CustomItemValues customItems(*this, kListedColumns.size());
+    std::string customDevice, customPackage;
+    bool customStarted = false;  // the first part may have empty fields
     for (auto& [part, loaded] : m_partSection.m_datas) {
         if (loaded.size() < kListedRowMinimum)
             break;
@@ -171,12 +207,20 @@ void TarnSDSFile::_buildDatabase_opn() {
         const std::string speed = loaded[2];
         const std::string condition = loaded[3];
         const std::string suffix = loaded[4];
-        std::vector<std::string> row{device, package, speed, getFullConditionName(condition.at(0)),
-                                     suffix};
+        std::vector<std::string> row;
+        row.reserve(m_genericDevices.m_items.size());
+        row.insert(row.end(),
+                   {device, package, speed, getFullConditionName(condition.at(0)), suffix});
         // The item columns of a listed part name the values after the five
         // fields; drop the fields so lookups by column name line up.
         loaded.erase(loaded.begin(), loaded.begin() + kListedFieldCount);
-        appendCustomItems(*this, kListedColumns.size(), part, device, package, row);
+        if (!customStarted || device != customDevice || package != customPackage) {
+            customStarted = true;
+            customItems.startDevicePackage(device, package);
+            customDevice = device;
+            customPackage = package;
+        }
+        customItems.append(part, row);
         m_genericDevices.m_datas[part] = std::move(row);
     }
 

@@ -90,6 +90,10 @@ class TarnSDSFile {
     std::string createPart(const std::string& device, const std::string& speed,
                            const std::string& package, char condition,
                            const std::string& suffix) const;
+    // The same from the package's short form, already looked up.
+    static std::string partNameOf(const std::string& device, const std::string& speed,
+                                  const std::string& shortPackage, char condition,
+                                  const std::string& suffix);
     std::string createInnerPart(std::string device, std::string speed, std::string package,
                                 const std::string& suffix) const;
     bool getNameByPart(const std::string& part, std::string& device, std::string& package,

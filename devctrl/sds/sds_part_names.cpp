@@ -31,10 +31,23 @@ std::string TarnSDSFile::getShortPackage(const std::string& device,
 std::string TarnSDSFile::createPart(const std::string& device, const std::string& speed,
                                     const std::string& package, char condition,
                                     const std::string& suffix) const {
-    std::string part = device + "-" + speed + getShortPackage(device, package);
+    return partNameOf(device, speed, getShortPackage(device, package), condition, suffix);
+}
+
+std::string TarnSDSFile::partNameOf(const std::string& device, const std::string& speed,
+                                    const std::string& shortPackage, char condition,
+                                    const std::string& suffix) {
+    std::string part;
+    part.reserve(device.size() + speed.size() + shortPackage.size() + suffix.size() + 2);
+    part += device;
+    part += '-';
+    part += speed;
+    part += shortPackage;
     part += partConditionLetter(condition);
     part += suffix;
-    return util::toUpper(part);
+    for (char& c : part)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return part;
 }
 
 std::string TarnSDSFile::createInnerPart(std::string device, std::string /*speed*/,
