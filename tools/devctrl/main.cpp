@@ -31,8 +31,19 @@ void installProgress() {
     const bool show = isatty(STDERR_FILENO);
     setGuiMsgHandler([show](const char*) {
         ++announced;
-        if (show)
-            std::cerr << "\rdevctrl: loading family " << announced << std::flush;
+        if (!show)
+            return;
+        // Large installations take seconds: say how far along the load is.
+        static std::size_t total = 0;
+        if (announced == 1) {
+            tarn::vyxpn::StringList pms;
+            tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
+            total = pms.size();
+        }
+        std::cerr << "\rdevctrl: loading family " << announced;
+        if (total >= static_cast<std::size_t>(announced))
+            std::cerr << " of " << total;
+        std::cerr << std::flush;
     });
 }
 
