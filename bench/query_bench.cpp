@@ -36,7 +36,7 @@ struct QuerySubjects {
     StringList names;
 };
 
-const QuerySubjects& loadSubjects() {
+QuerySubjects& loadSubjects() {
     static QuerySubjects s = [] {
         QuerySubjects q;
         const BenchCatalogue& catalogue = benchCatalogue(kCatalogueParts);
@@ -74,10 +74,10 @@ const QuerySubjects& loadSubjects() {
 
 // The start-up benchmarks drop the manager; load the catalogue again then.
 const QuerySubjects& subjects() {
-    const QuerySubjects& s = loadSubjects();
+    QuerySubjects& s = loadSubjects();
     if (TarnDeviceMngr::m_pMngr != s.mngr) {
         useCatalogue(benchCatalogue(kCatalogueParts));
-        const_cast<QuerySubjects&>(s).mngr = TarnDeviceMngr::getInstance();
+        s.mngr = TarnDeviceMngr::getInstance();
     }
     return s;
 }

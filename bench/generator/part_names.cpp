@@ -1,5 +1,7 @@
 #include "bench/generator/part_names.h"
 
+#include "devctrl/sds/sds_file.h"
+
 #include <algorithm>
 #include <cctype>
 #include <set>
@@ -34,17 +36,7 @@ std::string gradeName(const std::string& written) {
 std::string composePartName(const std::string& device, const std::string& grade,
                             const std::string& shortPackage, char condition,
                             const std::string& suffix) {
-    std::string name;
-    name.reserve(device.size() + grade.size() + shortPackage.size() + suffix.size() + 2);
-    name += device;
-    name += '-';
-    name += grade;
-    name += shortPackage;
-    name += (condition == 'A' || condition == 'a') ? 'E' : condition;
-    name += suffix;
-    for (char& c : name)
-        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return name;
+    return TarnSDSFile::partNameOf(device, grade, shortPackage, condition, suffix);
 }
 
 std::vector<std::string> suffixesOf(const std::string& esColumn) {

@@ -2,7 +2,6 @@
 // tools, and the translation of renamed, migrated and not recommended devices.
 
 #include <string.h>
-#include <strings.h>
 
 #include <string>
 #include <vector>

@@ -143,6 +143,7 @@ void TarnPartIndex::buildLists(FilteredPartLists& out, bool withObsolete, bool a
             if (entry.second.size() < rowNeeds[kind])
                 out.usable[kind] = false;
 
+    static const std::string kNone;  // a cell the kind does not match on
     std::unordered_set<std::string> seen;
     std::size_t position = 0;
     for (const auto& entry : table.m_datas) {
@@ -153,8 +154,8 @@ void TarnPartIndex::buildLists(FilteredPartLists& out, bool withObsolete, bool a
             if (!out.usable[kind])
                 continue;
             const auto listed = static_cast<PartListKind>(kind);
-            std::string key = listKey(listed, row[device], kind >= 1 ? row[package] : std::string(),
-                                      kind >= 2 ? row[speed] : std::string());
+            std::string key = listKey(listed, row[device], kind >= 1 ? row[package] : kNone,
+                                      kind >= 2 ? row[speed] : kNone);
             const std::string& value = row[columns[kind].back()];
             std::string seenKey = std::to_string(kind) + key;
             appendEncoded(seenKey, value);
