@@ -10,6 +10,7 @@
 #include <map>
 
 #include "command.h"
+#include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "platform/ut_trace.h"
 
@@ -118,6 +119,19 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
     return *tarn::vyxpn::TarnDeviceMngr::getInstance();
 }
 
+// The first argument that is neither an option nor the value of --data: what
+// the user meant as the command.
+std::string firstWord(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        if (argument == "--data")
+            ++i;
+        else if (!argument.empty() && argument[0] != '-')
+            return argument;
+    }
+    return "";
+}
+
 }  // namespace devctrl_tool
 
 int main(int argc, char** argv) {
@@ -151,7 +165,20 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& e) {
         if (e.get_exit_code() == 0)
             return app.exit(e);
-        std::cerr << "devctrl: " << e.what() << " (see 'devctrl --help')\n";
+        // Point at the help of the command that was being read, if any.
+        std::string help = "devctrl";
+        for (const CLI::App* sub : app.get_subcommands())
+            help += " " + sub->get_name();
+        const std::string unknown = help == "devctrl" ? firstWord(argc, argv) : "";
+        if (!unknown.empty()) {
+            NearNames near(unknown);
+            for (const Command* command : CommandRegistry::all())
+                near.consider(command->name());
+            std::cerr << "devctrl: " << unknownNameMessage("command", unknown, near.best());
+        } else {
+            std::cerr << "devctrl: " << e.what();
+        }
+        std::cerr << " (see '" << help << " --help')\n";
         return 2;
     }
 
