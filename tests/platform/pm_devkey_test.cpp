@@ -4,10 +4,8 @@
 #include <vector>
 
 #include "platform/pm_devkey.h"
-#include "platform/pm_pic.h"
 #include "support/test_env.h"
 
-using devctrl_test::TempDir;
 using devctrl_test::TraceCapture;
 
 namespace {
@@ -15,21 +13,6 @@ namespace {
 std::string valueOf(const PM_DEVKEY& keys, const char* key) {
     const char* value = keys.getkeyeddata(key);
     return value ? value : "<absent>";
-}
-
-using Shape = std::vector<std::vector<std::string>>;
-
-// Every record of `key` as the list of its fields, walked the way the
-// loaders walk it.
-Shape shapeOf(const PM_DEVKEY* keys, const char* key, char recordSep, char fieldSep) {
-    Shape shape;
-    for (PM_DEVKEY_KEYITER it(keys, key, recordSep, fieldSep, 0); it.record();
-         it.setupNextIAndJ()) {
-        std::vector<std::string>& fields = shape.emplace_back();
-        for (; it.field(); it.advanceToNextJ())
-            fields.emplace_back(it.field());
-    }
-    return shape;
 }
 
 }  // namespace
@@ -78,42 +61,4 @@ TEST(PmDevkey, TracesMalformedLinesWithFileAndLineAndGoesOn) {
     EXPECT_EQ(trace.lines(), (std::vector<std::string>{
                                  "/data/zr1a00/family.key:2: malformed line skipped (no '=')",
                                  "/data/zr1a00/family.key:5: malformed line skipped (no '=')"}));
-}
-
-TEST(PmDevkey, IteratorCutsRecordsAndFieldsKeepingEmptyOnes) {
-    const PM_DEVKEY keys = PM_DEVKEY::fromText(
-        "RECORDS = BG100, B100 :\tQF48 ,Q48 , \n"
-        "GAPS = a,,b : : , \n"
-        "BLANK =  \t \n"
-        "LIST = ZR4, ZR12 ,,ZR25\n",
-        "mem");
-    EXPECT_EQ(shapeOf(&keys, "RECORDS", ':', ','), (Shape{{"BG100", "B100"}, {"QF48", "Q48", ""}}));
-    // An empty record has no field; " , " is two empty fields.
-    EXPECT_EQ(shapeOf(&keys, "GAPS", ':', ','), (Shape{{"a", "", "b"}, {}, {"", ""}}));
-    // Field separator 0 keeps each record whole.
-    EXPECT_EQ(shapeOf(&keys, "LIST", ',', 0), (Shape{{"ZR4"}, {"ZR12"}, {}, {"ZR25"}}));
-    for (const char* absent : {"MISSING", "BLANK"})
-        EXPECT_TRUE(shapeOf(&keys, absent, ':', ',').empty()) << absent;
-    EXPECT_TRUE(shapeOf(nullptr, "RECORDS", ':', ',').empty());
-    EXPECT_TRUE(shapeOf(&keys, nullptr, ':', ',').empty());
-}
-
-TEST(PmDevkey, ReadsFilesDirectlyOrThroughAFamilyHandle) {
-    TempDir data;
-    data.write("zr1a00/family.key", "FAMILY = ZR1\n");
-    std::string path = data.write("zr1a00/device.acd", "PKG_ALIAS = BG100, B100 : QF48, Q48\n");
-    EXPECT_EQ(valueOf(PM_DEVKEY(path.c_str()), "PKG_ALIAS"), "BG100, B100 : QF48, Q48");
-    // Unreadable means empty.
-    EXPECT_EQ(PM_DEVKEY(data.file("missing.acd").c_str()).size(), 0u);
-    EXPECT_EQ(PM_DEVKEY(data.path().c_str()).size(), 0u);  // a directory
-    EXPECT_EQ(PM_DEVKEY(static_cast<const char*>(nullptr)).size(), 0u);
-
-    devctrl_test::DataDirScope scope(data.path());
-    PM_PIC_HDL handle("zr1", nullptr, nullptr);  // family name, any case
-    ASSERT_TRUE(handle.valid());
-    EXPECT_EQ(valueOf(PM_DEVKEY("device.acd", handle, 1, 0, 0), "PKG_ALIAS"),
-              "BG100, B100 : QF48, Q48");
-    handle.kill();
-    EXPECT_EQ(PM_DEVKEY("device.acd", handle, 1, 0, 0).size(), 0u);
-    EXPECT_FALSE(PM_PIC_HDL("nope", nullptr, nullptr).valid());
 }

@@ -1,17 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <utility>
 
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
-#include "platform/pd_util.h"
-#include "support/test_env.h"
 #include "tests/platform/pd_test_support.h"
 
 using devctrl_test::describePartData;
-using devctrl_test::TempDir;
 
 namespace {
 
@@ -63,7 +59,6 @@ TEST(PdBinaryFormat, EncodeDecodeKeepsEverything) {
     PD_DATA binary;
     ASSERT_TRUE(decode(bytes, binary));
     EXPECT_EQ(describePartData(binary), describePartData(text));
-    EXPECT_EQ(binary.GetNumOfSections(), 4);
 
     // The same data always give the same bytes, and repeated strings are
     // stored once.
@@ -73,43 +68,10 @@ TEST(PdBinaryFormat, EncodeDecodeKeepsEverything) {
     EXPECT_EQ(bytes.find("640"), bytes.rfind("640"));
 }
 
-TEST(PdBinaryFormat, FileFormAndDetection) {
-    TempDir dir;
-    PD_DATA text;
-    ASSERT_TRUE(text.LoadTxtString(kSample));
-    std::string binPath = dir.file("zr1a00.pwd");
-    ASSERT_TRUE(PD_SaveBinFile(text, binPath.c_str()));
-    std::string textPath = dir.write("text.pwd", kSample);
-
-    EXPECT_TRUE(PD_UTIL::IsBinaryFile(binPath.c_str()));
-    EXPECT_FALSE(PD_UTIL::IsBinaryFile(textPath.c_str()));
-    EXPECT_FALSE(PD_UTIL::IsBinaryFile(dir.file("missing").c_str()));
-    EXPECT_FALSE(PD_UTIL::IsBinaryFile(dir.write("short", "\x89PW").c_str()));
-
-    PD_DATA loaded;
-    ASSERT_TRUE(loaded.LoadBinFile(binPath.c_str()));
-    EXPECT_EQ(describePartData(loaded), describePartData(text));
-    EXPECT_FALSE(loaded.LoadBinFile(textPath.c_str()));
-    EXPECT_EQ(loaded.GetNumOfSections(), 0);
-    EXPECT_FALSE(PD_SaveBinFile(text, dir.file("no/such/dir/x.pwd").c_str()));
-}
-
-TEST(PdBinaryFormat, EveryTruncationFailsCleanly) {
+TEST(PdBinaryFormat, ExtraByteAndEveryBitFlipAreDetected) {
     std::string bytes = encodeText(kSample);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-        PD_DATA data;
-        std::string why;
-        EXPECT_FALSE(decode(bytes.substr(0, length), data, &why)) << "length " << length;
-        EXPECT_FALSE(why.empty());
-        EXPECT_EQ(data.GetNumOfSections(), 0);
-    }
-    PD_DATA data;
-    EXPECT_FALSE(decode(bytes + '\0', data));  // one byte too many
-    EXPECT_TRUE(decode(bytes, data));
-}
-
-TEST(PdBinaryFormat, EveryBitFlipIsDetected) {
-    std::string bytes = encodeText(kSample);
+    PD_DATA longer;
+    EXPECT_FALSE(decode(bytes + '\0', longer));  // one byte too many
     for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
         std::string damaged = bytes;
         damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
@@ -120,20 +82,6 @@ TEST(PdBinaryFormat, EveryBitFlipIsDetected) {
 
 // Damage behind a valid checksum: the structure checks alone must hold.
 TEST(PdBinaryFormat, DamagedPayloadWithValidChecksumFailsCleanly) {
-    std::string bytes = encodeText(kSample);
-    std::string payload = bytes.substr(PD_BIN_HEADER_SIZE);
-    std::mt19937 random(20261122);
-    for (int round = 0; round < 4000; ++round) {
-        std::string damaged = payload;
-        int changes = 1 + static_cast<int>(random() % 3);
-        for (int i = 0; i < changes; ++i)
-            damaged[random() % damaged.size()] = static_cast<char>(random());
-        if (round % 5 == 0)
-            damaged.resize(random() % damaged.size());
-        PD_DATA data;
-        decode(withHeader(damaged), data);  // any result, but no crash or overrun
-    }
-
     // Counts that claim far more than the payload holds are refused before
     // anything is reserved for them; then a string index past the string
     // table, an unknown kind, a length past the end and a varint longer than
@@ -154,19 +102,9 @@ TEST(PdBinaryFormat, DamagedPayloadWithValidChecksumFailsCleanly) {
     }
     PD_DATA data;
     EXPECT_TRUE(decode(withHeader(std::string("\x00\x00", 2)), data));
-}
-
-TEST(PdBinaryFormat, HeaderChecks) {
-    std::string bytes = encodeText(kSample);
-    PD_DATA data;
-    std::string why;
-    std::string version = bytes;
+    std::string why, version = encodeText(kSample);
     version[8] = 2;
     EXPECT_FALSE(decode(version, data, &why));
     EXPECT_EQ(why, "unknown version 2");
-    std::string flags = bytes;
-    flags[10] = 1;
-    EXPECT_FALSE(decode(flags, data, &why));
-    EXPECT_EQ(why, "unknown flags");
     EXPECT_FALSE(PD_DecodeBinary(nullptr, 0, data));
 }
