@@ -17,14 +17,10 @@ TEST(MngrPartLookup, FirstPmInCodeOrderWinsAndCaseMatters) {
 
     std::string pm = "p", device = "d", package = "k", speed = "s", condition = "c";
     ASSERT_TRUE(mngr.getNameByPart("ZR12-6BG100C", pm, device, package, speed, condition));
-    EXPECT_EQ(pm, "zr1a00");
-    EXPECT_EQ(device, "ZR12");
-    EXPECT_EQ(package + "|" + speed + "|" + condition, "BG100|6|COM");
-
+    EXPECT_EQ(pm + "|" + device + "|" + package + "|" + speed + "|" + condition,
+              "zr1a00|ZR12|BG100|6|COM");
     EXPECT_FALSE(mngr.getNameByPart("zr12-6bg100c", pm, device, package, speed, condition));
     EXPECT_EQ(pm, "zr1a00") << "outputs untouched";
-    EXPECT_TRUE(mngr.exists("ZR9-6QF48C"));
-    EXPECT_FALSE(mngr.exists("ZR9-6QF48"));
 }
 
 TEST(MngrPartLookup, ItemValuesAndAscCapacity) {
@@ -32,40 +28,31 @@ TEST(MngrPartLookup, ItemValuesAndAscCapacity) {
     TarnSDSFile& file = *makeSelectionFamily(mngr);
     file.m_packageSection.m_items = {"Pins"};
     file.m_packageSection.m_datas["ZR12_BG100"] = {"100"};
-
     EXPECT_EQ(mngr.getItemValue("Status", "ZR4-6QF48C", "none"), "O");
-    EXPECT_EQ(mngr.getItemValue("Status", "ZR4-7QF48C", "none"), "none") << "unknown part";
     EXPECT_EQ(mngr.getItemValue("Pins", "zr1a00", "ZR12", "BG100", "?"), "100");
-    EXPECT_EQ(mngr.getItemValue("Pins", "zr1a00", "ZR12", "QF48", "?"), "?");
     EXPECT_EQ(mngr.getItemValue("Pins", "zr9a00", "ZR12", "BG100", "?"), "?") << "not loaded";
 
     EXPECT_EQ(mngr.getASCMaxNum("ZR12-6BG100C"), 2);
     EXPECT_TRUE(mngr.enableASC("ZR12-6BG100C"));
-    EXPECT_EQ(mngr.getASCMaxNum("ZR12-6QF48C"), 0);
     EXPECT_FALSE(mngr.enableASC("ZR12-6QF48C"));
-    EXPECT_FALSE(mngr.enableASC("NO-SUCH-PART"));
     file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "-1";
     EXPECT_FALSE(mngr.enableASC("ZR12-6QF48C"));
     file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "";
     EXPECT_EQ(mngr.getASCMaxNum("ZR12-6QF48C"), 0) << "an empty value reads as the default";
 }
 
-TEST(MngrPartLookup, StringToBool) {
-    for (const char* yes : {"yes", "YES", "True", "t", "T", "y", "1"})
+TEST(MngrPartLookup, StringToBoolAndStatusFlags) {
+    for (const char* yes : {"YES", "True", "t", "y", "1"})
         EXPECT_TRUE(TarnDeviceMngr::stringToBool(yes)) << yes;
-    for (const char* no : {"", " yes", "yes ", "on", "enabled", "no", "0", "2", "false"})
+    for (const char* no : {"", " yes", "on", "2", "false"})
         EXPECT_FALSE(TarnDeviceMngr::stringToBool(no)) << '"' << no << '"';
-}
 
-TEST(MngrPartLookup, DeviceStatusFlags) {
     using F = DEVSTATUS_FLAGS;
     const unsigned obsoleteProduction = F::PRODUCTION | F::OBSOLETE;
-    // clang-format off
-    for (auto [status, flags] : {std::pair{"O", obsoleteProduction}, {"o", obsoleteProduction},
-             {"XO", unsigned{F::OBSOLETE}}, {"eo", F::ENGINEERING | F::OBSOLETE},
-             {"P", unsigned{F::PRODUCTION}}, {"A", unsigned{F::ADVANCED}}, {"", unsigned{F::NONE}},
-             {"OBS", unsigned{F::NONE}}, {"X", unsigned{F::NONE}}}) {
-        // clang-format on
+    for (auto [status, flags] : {std::pair{"o", obsoleteProduction},
+                                 {"XO", unsigned{F::OBSOLETE}},
+                                 {"eo", F::ENGINEERING | F::OBSOLETE},
+                                 {"A", unsigned{F::ADVANCED}},
+                                 {"OBS", unsigned{F::NONE}}})
         EXPECT_EQ(F::toDevStatusFlag(status), flags) << '"' << status << '"';
-    }
 }

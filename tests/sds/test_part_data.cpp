@@ -1,0 +1,96 @@
+// The family's two readers of the part data file, and how their columns
+// join the package table.
+#include <gtest/gtest.h>
+
+#include "devctrl/sds/sds_file.h"
+#include "platform/pd_binary_format.h"
+#include "platform/pd_data.h"
+#include "support/test_env.h"
+
+using devctrl_test::TempDir;
+using tarn::vyxpn::TarnSDSFile;
+using tarn::vyxpn::TarnSDSFileSection;
+using Row = std::vector<std::string>;
+
+namespace {
+
+const char* const kPartData =
+    "[[Device Info]]\nFormat = ff, RAM, lut\n"
+    "ZR4_BG100 = 10,,30\nZR4_QF48 = 1, 2, 3\nZR4_QF48 = 4, 5, 6\nZR9_XX1 = 7, , 9\n";
+
+void fillPackageSection(TarnSDSFile& file) {
+    file.m_packageSection.m_items = {"PKGIndex"};
+    file.m_packageSection.m_datas["ZR4_BG100"] = {"0"};
+    file.m_packageSection.m_datas["ZR4_QF48"] = {"1"};
+}
+
+}  // namespace
+
+TEST(PwdTextReader, KeepsRequestedColumnsAndCollapsesEmptyFields) {
+    TempDir dir;
+    std::string path = dir.write("x.pwd", std::string(kPartData) + "[[Next]]\nP4 = 1, 2, 3\n");
+    TarnSDSFile file("zr1a00", nullptr);
+    ASSERT_TRUE(file.loadPWD(path, {"LUT", "FF"}));
+    const auto& section = file.m_packageSection;
+    EXPECT_EQ(section.m_items, (Row{"ff", "lut"}));
+    // "10,,30" is two fields, so 30 moves into the RAM column and is dropped;
+    // a blank between commas is a field of its own.
+    EXPECT_EQ(section.m_datas.at("ZR4_BG100"), (Row{"10"}));
+    EXPECT_EQ(section.m_datas.at("ZR4_QF48"), (Row{"4", "6"})) << "the last row of a key wins";
+    EXPECT_EQ(section.m_datas.at("ZR9_XX1"), (Row{"7", "9"}));
+    EXPECT_EQ(section.m_datas.count("P4"), 0u);
+}
+
+TEST(PwdLibraryReader, TextAndBinaryFormsMergeTheSameColumns) {
+    TempDir dir;
+    devctrl_test::EnvGuard env("DEVCTRL_DATA_DIR", dir.path().c_str());
+    const std::string text =
+        std::string(kPartData) + "[[More]]\nFormat = LUT, FF\nZR4_BG100 = 11, 12\n";
+    const std::string path = dir.write("zr1a00/zr1a00.pwd", text);
+    TarnSDSFile fromText("zr1a00", nullptr);
+    fillPackageSection(fromText);
+    ASSERT_EQ(fromText.loadPWD_Bin("zr1a00", "/ignored/", {"LUT", "FF"}), 0);
+    const TarnSDSFileSection& section = fromText.m_packageSection;
+    // Both "Format" tables are merged, one after the other. Unlike the text
+    // reader above, empty fields keep their column; rows without a partner
+    // are dropped.
+    EXPECT_EQ(section.m_items, (Row{"PKGIndex", "ff", "lut", "LUT", "FF"}));
+    EXPECT_EQ(section.m_datas.at("ZR4_BG100"), (Row{"0", "10", "30", "11", "12"}));
+    EXPECT_EQ(section.m_datas.at("ZR4_QF48"), (Row{"1", "4", "6"}));
+    EXPECT_EQ(section.m_datas.count("ZR9_XX1"), 0u);
+
+    PD_DATA data;
+    ASSERT_TRUE(data.LoadTxtString(text));
+    ASSERT_TRUE(PD_SaveBinFile(data, path.c_str()));
+    TarnSDSFile fromBinary("zr1a00", nullptr);
+    fillPackageSection(fromBinary);
+    ASSERT_EQ(fromBinary.loadPWD_Bin("zr1a00", "/ignored/", {"LUT", "FF"}), 0);
+    EXPECT_EQ(fromBinary.m_packageSection.m_items, section.m_items);
+    EXPECT_EQ(fromBinary.m_packageSection.m_datas, section.m_datas);
+}
+
+TEST(PwdMerge, AppendsColumnsAndPartnerRowsOnly) {
+    TarnSDSFile file("zr1a00", nullptr);
+    TarnSDSFileSection pwd;
+    pwd.m_items = {"LUT", "FF"};
+    pwd.m_datas = {{"ZR4_BG100", {"640", "600"}}, {"ZR9_CC1", {"9", "9"}}};
+    TarnSDSFileSection acd;
+    acd.m_items = {"PKGIndex", "LUT"};
+    acd.m_datas = {{"ZR4_AA10", {"0", "1"}}, {"ZR4_BG100", {"1", "2"}}};
+    EXPECT_TRUE(file.mergePWDToACD(acd, pwd));
+    // A column name both sides have is simply there twice; the first stays
+    // the one a lookup finds.
+    EXPECT_EQ(acd.m_items, (Row{"PKGIndex", "LUT", "LUT", "FF"}));
+    EXPECT_EQ(acd.m_datas["ZR4_AA10"], (Row{"0", "1"})) << "no partner: left short";
+    EXPECT_EQ(acd.m_datas["ZR4_BG100"], (Row{"1", "2", "640", "600"}));
+    EXPECT_EQ(acd.m_datas.count("ZR9_CC1"), 0u);
+    EXPECT_EQ(*acd.cell("ZR4_BG100", acd.columnOf("LUT")), "2");
+
+    // A placeholder column list takes the part data whole, old rows dropped.
+    TarnSDSFileSection placeholder;
+    placeholder.m_items = {""};
+    placeholder.m_datas["OLD_ROW"] = {"x"};
+    EXPECT_TRUE(file.mergePWDToACD(placeholder, pwd));
+    EXPECT_EQ(placeholder.m_items, (Row{"LUT", "FF"}));
+    EXPECT_EQ(placeholder.m_datas, pwd.m_datas);
+}
