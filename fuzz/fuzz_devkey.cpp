@@ -2,13 +2,8 @@
 // key with each separator pair the loaders use, and the part-model record
 // built from a "family.key".
 
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/string_utils.h"
 #include "platform/pm_devkey.h"
 #include "platform/pm_record_reader.h"
 #include "support/fuzz_support.h"
@@ -21,22 +16,11 @@ std::vector<std::string> keysToWalk(std::string_view text) {
     std::vector<std::string> keys{
         "FAMILY",         "DEVICES",         "PACKAGES",      "SPEEDS",    "PM_ENABLE", "PKG_ALIAS",
         "RESOURCE_ITMES", "RESOURCE_LABELS", "PACKAGE_DATAS", "ASC_DATAS", ""};
-    for (int taken = 0; taken < 16 && !text.empty(); ++taken) {
-        std::size_t newline = text.find('\n');
-        std::string_view line = text.substr(0, newline);
-        std::size_t equals = line.find('=');
-        if (equals != std::string_view::npos) {
-            std::string_view key = line.substr(0, equals);
-            while (!key.empty() && (key.front() == ' ' || key.front() == '\t'))
-                key.remove_prefix(1);
-            while (!key.empty() && (key.back() == ' ' || key.back() == '\t'))
-                key.remove_suffix(1);
-            keys.emplace_back(key);
-        }
-        if (newline == std::string_view::npos)
-            break;
-        text.remove_prefix(newline + 1);
-    }
+    std::vector<std::string> lines = devctrl_fuzz::splitLines(text, 17);
+    lines.pop_back();  // the rest of the input
+    for (const std::string& line : lines)
+        if (std::size_t equals = line.find('='); equals != std::string::npos)
+            keys.push_back(tarn::vyxpn::util::trim(line.substr(0, equals)));
     return keys;
 }
 
@@ -54,13 +38,10 @@ std::size_t walk(const PM_DEVKEY& keys, const std::string& key, char recordSepar
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    devctrl_fuzz::silenceTraces();
-    return 0;
-}
+const char* const devctrl_fuzz::kDataDir = nullptr;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::string_view text(reinterpret_cast<const char*>(data), size);
+    std::string_view text = devctrl_fuzz::asText(data, size);
     PM_DEVKEY keys = PM_DEVKEY::fromText(text, "fuzz.acd");
 
     volatile std::size_t sink = 0;

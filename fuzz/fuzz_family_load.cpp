@@ -6,13 +6,6 @@
 // "family.key", its "device.acd" and the shared "device.acd" of the data
 // directory. An input without a separator serves as both family files.
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
@@ -94,16 +87,11 @@ void exerciseFamily(TarnDeviceMngr& mngr) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    devctrl_fuzz::silenceTraces();
-    setenv("DEVCTRL_DATA_DIR", (devctrl_fuzz::scratchDir() + "/data").c_str(), 1);
-    setenv("DEVCTRL_SETTINGS", (devctrl_fuzz::scratchDir() + "/settings.ini").c_str(), 1);
-    unsetenv("TARN_SHOW_ALL_DEVICES");
-    return 0;
-}
+const char* const devctrl_fuzz::kDataDir = "data";
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::vector<std::string_view> files = devctrl_fuzz::splitAtSeparatorLines(data, size, "@@@");
+    std::vector<std::string_view> files =
+        devctrl_fuzz::splitAtSeparatorLines(devctrl_fuzz::asText(data, size), "@@@");
     const std::string familyDir = std::string("data/") + kPm;
     devctrl_fuzz::writeScratchFile(familyDir + "/family.key", files[0]);
     devctrl_fuzz::writeScratchFile(familyDir + "/device.acd",

@@ -7,11 +7,7 @@
 // and compared, and serve as its linked ASC chips.
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/comparators.h"
@@ -83,16 +79,11 @@ void lookUp(TarnDeviceMngr& mngr, const std::vector<std::string>& names) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    devctrl_fuzz::silenceTraces();
-    setenv("DEVCTRL_DATA_DIR", DEVCTRL_SOURCE_DATA_DIR, 1);
-    setenv("DEVCTRL_SETTINGS", (devctrl_fuzz::scratchDir() + "/settings.ini").c_str(), 1);
-    TarnDeviceMngr::getInstance();
-    return 0;
-}
+const char* const devctrl_fuzz::kDataDir = DEVCTRL_SOURCE_DATA_DIR;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::vector<std::string> names = devctrl_fuzz::splitLines(data, size, kNameLimit);
+    std::vector<std::string> names =
+        devctrl_fuzz::splitLines(devctrl_fuzz::asText(data, size), kNameLimit);
     compareAll(names);
     for (const std::string& name : names)
         cutApart(name);

@@ -3,12 +3,7 @@
 // call is told (so that any write past the end is caught), and the text
 // helpers on the file's lines.
 
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "devctrl/util/profile.h"
 #include "support/fuzz_support.h"
@@ -37,6 +32,17 @@ std::unique_ptr<char[]> zeroed(unsigned size) {
     return std::unique_ptr<char[]>(new char[size == 0 ? 1 : size]());
 }
 
+// Reads `section` and `key` (null for the lists) into buffers of each of
+// kSizes bytes, then into a roomy one whose names (of a list) it returns.
+std::vector<std::string> readAtEverySize(const char* section, const char* key, const char* file) {
+    for (unsigned small : kSizes)
+        GetPrivateProfileString(section, key, "\"quoted default\"", zeroed(small).get(), small,
+                                file);
+    auto list = zeroed(8192);
+    unsigned length = GetPrivateProfileString(section, key, nullptr, list.get(), 8192, file);
+    return namesOf(list.get(), length, kNameLimit);
+}
+
 void readTextHelpers(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) {
         std::vector<char> copy(line.c_str(), line.c_str() + line.size() + 1);
@@ -53,51 +59,23 @@ void readTextHelpers(const std::vector<std::string>& lines) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    devctrl_fuzz::silenceTraces();
-    return 0;
-}
+const char* const devctrl_fuzz::kDataDir = nullptr;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::string path = devctrl_fuzz::writeScratchFile(
-        "read.ini", std::string_view(reinterpret_cast<const char*>(data), size));
+    std::string path = devctrl_fuzz::writeScratchFile("read.ini", devctrl_fuzz::asText(data, size));
     const char* file = path.c_str();
-
-    auto sections = zeroed(8192);
-    unsigned length =
-        GetPrivateProfileString(nullptr, nullptr, nullptr, sections.get(), 8192, file);
-    for (unsigned small : kSizes) {
-        auto buffer = zeroed(small);
-        GetPrivateProfileString(nullptr, nullptr, "d", buffer.get(), small, file);
-    }
-
-    std::vector<std::string> sectionNames = namesOf(sections.get(), length, kNameLimit);
-    sectionNames.push_back("absent section");
-    for (const std::string& section : sectionNames) {
-        auto keys = zeroed(8192);
-        unsigned keyLength =
-            GetPrivateProfileString(section.c_str(), nullptr, "", keys.get(), 8192, file);
-        for (unsigned small : kSizes) {
-            auto buffer = zeroed(small);
-            GetPrivateProfileString(section.c_str(), nullptr, "default", buffer.get(), small, file);
-        }
-        for (unsigned small : kSectionSizes) {
-            auto entries = zeroed(small);
-            GetPrivateProfileSection(section.c_str(), entries.get(), small, file);
-        }
-
-        std::vector<std::string> keyNames = namesOf(keys.get(), keyLength, kNameLimit);
-        keyNames.push_back("absent key");
-        for (const std::string& key : keyNames) {
-            for (unsigned small : kSizes) {
-                auto value = zeroed(small);
-                GetPrivateProfileString(section.c_str(), key.c_str(), "\"quoted default\"",
-                                        value.get(), small, file);
-            }
+    std::vector<std::string> sections = readAtEverySize(nullptr, nullptr, file);
+    sections.push_back("absent section");
+    for (const std::string& section : sections) {
+        for (unsigned small : kSectionSizes)
+            GetPrivateProfileSection(section.c_str(), zeroed(small).get(), small, file);
+        std::vector<std::string> keys = readAtEverySize(section.c_str(), nullptr, file);
+        keys.push_back("absent key");
+        for (const std::string& key : keys) {
+            readAtEverySize(section.c_str(), key.c_str(), file);
             GetPrivateProfileInt(section.c_str(), key.c_str(), -7, file);
         }
     }
-
-    readTextHelpers(devctrl_fuzz::splitLines(data, size, 64));
+    readTextHelpers(devctrl_fuzz::splitLines(devctrl_fuzz::asText(data, size), 64));
     return 0;
 }

@@ -8,12 +8,7 @@
 // bracketed line closed), a written plain entry reads back as written.
 
 #include <cctype>
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <cstring>
-#include <string>
-#include <vector>
 
 #include "devctrl/util/profile.h"
 #include "support/fuzz_support.h"
@@ -58,13 +53,10 @@ const char* orNull(const std::string& text) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    devctrl_fuzz::silenceTraces();
-    return 0;
-}
+const char* const devctrl_fuzz::kDataDir = nullptr;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    std::vector<std::string> parts = devctrl_fuzz::splitLines(data, size, 4);
+    std::vector<std::string> parts = devctrl_fuzz::splitLines(devctrl_fuzz::asText(data, size), 4);
     if (parts.size() < 4)
         return 0;
     const std::string& section = parts[0];

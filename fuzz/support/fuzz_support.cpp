@@ -8,6 +8,9 @@
 #include <fstream>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
+#include "platform/pd_binary_format.h"
+#include "platform/pd_data.h"
 #include "platform/pm_database.h"
 #include "platform/ut_trace.h"
 
@@ -16,25 +19,12 @@ namespace fs = std::filesystem;
 namespace devctrl_fuzz {
 
 bool isDesignedRangeError(const std::out_of_range& error) {
-    // The texts of the standard library's checked accessors (vector::at,
-    // string::at); other range errors (stoi, map::at, ...) are not designed.
+    // The texts of vector::at and string::at; stoi, map::at and the like are
+    // not designed.
     const char* what = error.what();
     return std::strncmp(what, "vector::_M_range_check", 22) == 0 ||
            std::strncmp(what, "basic_string::at", 16) == 0;
 }
-
-void silenceTraces() {
-    setDiagTraceHandler([](const char*, const char*) {});
-}
-
-namespace {
-
-void removeScratchDir() {
-    std::error_code ignored;
-    fs::remove_all(scratchDir(), ignored);
-}
-
-}  // namespace
 
 const std::string& scratchDir() {
     static const std::string path = [] {
@@ -43,8 +33,12 @@ const std::string& scratchDir() {
             std::abort();
         return pattern;
     }();
-    static const bool cleanupRegistered = [] { return std::atexit(removeScratchDir) == 0; }();
-    (void)cleanupRegistered;
+    // Registered once `path` is whole, so that it outlives the removal.
+    static const bool removedAtExit = std::atexit([] {
+                                          std::error_code ignored;
+                                          fs::remove_all(scratchDir(), ignored);
+                                      }) == 0;
+    (void)removedAtExit;
     return path;
 }
 
@@ -52,8 +46,8 @@ std::string writeScratchFile(const std::string& relative, std::string_view bytes
     fs::path target = fs::path(scratchDir()) / relative;
     std::error_code ignored;
     fs::create_directories(target.parent_path(), ignored);
-    std::ofstream out(target, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(target, std::ios::binary | std::ios::trunc)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return target.string();
 }
 
@@ -62,33 +56,24 @@ void removeScratchFile(const std::string& relative) {
     fs::remove(fs::path(scratchDir()) / relative, ignored);
 }
 
-std::vector<std::string_view> splitAtSeparatorLines(const std::uint8_t* data, std::size_t size,
+std::vector<std::string_view> splitAtSeparatorLines(std::string_view text,
                                                     std::string_view separator) {
-    std::string_view text(reinterpret_cast<const char*>(data), size);
-    std::string marker = "\n" + std::string(separator) + "\n";
+    const std::string marker = "\n" + std::string(separator) + "\n";
     std::vector<std::string_view> parts;
     std::size_t start = 0;
-    for (;;) {
-        std::size_t found = text.find(marker, start);
-        if (found == std::string_view::npos) {
-            parts.push_back(text.substr(start));
-            return parts;
-        }
+    for (std::size_t found; (found = text.find(marker, start)) != std::string_view::npos;
+         start = found + marker.size())
         parts.push_back(text.substr(start, found + 1 - start));  // keeps its last newline
-        start = found + marker.size();
-    }
+    parts.push_back(text.substr(start));
+    return parts;
 }
 
-std::vector<std::string> splitLines(const std::uint8_t* data, std::size_t size, std::size_t limit) {
-    std::string_view text(reinterpret_cast<const char*>(data), size);
+std::vector<std::string> splitLines(std::string_view text, std::size_t limit) {
     std::vector<std::string> lines;
-    while (lines.size() + 1 < limit) {
-        std::size_t newline = text.find('\n');
-        if (newline == std::string_view::npos)
-            break;
+    for (std::size_t newline;
+         lines.size() + 1 < limit && (newline = text.find('\n')) != std::string_view::npos;
+         text.remove_prefix(newline + 1))
         lines.emplace_back(text.substr(0, newline));
-        text.remove_prefix(newline + 1);
-    }
     lines.emplace_back(text);
     return lines;
 }
@@ -100,4 +85,58 @@ void dropManager() {
     PM_DATABASE::_database = nullptr;
 }
 
+const std::vector<std::string>& requestedPartDataColumns() {
+    static const std::vector<std::string> columns{"LUT", "FF", "EBR", "pins"};
+    return columns;
+}
+
+void readIntoFamilies(std::string_view bytes, bool asPmFile,
+                      const std::vector<std::string>& requested) {
+    const std::string path = asPmFile ? writeScratchFile("data/zr9f00/zr9f00.pwd", bytes)
+                                      : writeScratchFile("selfcontained.pwd", bytes);
+    volatile std::size_t sink = 0;
+    for (bool filled : {true, false}) {
+        tarn::vyxpn::TarnSDSFile family("zr9f00", nullptr);
+        auto& section = family.m_packageSection;
+        if (filled) {
+            section.m_items = {"PKGIndex", "Status"};
+            section.m_datas["ZR4_QF48"] = {"0", "P"};
+            section.m_datas["ZR4_BG100"] = {"1"};
+            section.m_datas["ZR12_BG100"] = {"0", "E"};
+        }
+        if (asPmFile)
+            family.loadPWD_Bin("zr9f00", nullptr, requested);
+        else
+            family.loadPWD(path, requested);
+        for (const std::string& item : section.m_items)
+            sink = sink + item.size();
+        for (const auto& [key, row] : section.m_datas)
+            for (const std::string& cell : row)
+                sink = sink + key.size() + cell.size();
+    }
+}
+
+void checkBinaryRoundTrip(const PD_DATA& data) {
+    std::string bytes, bytesAgain, error;
+    if (!PD_EncodeBinary(data, bytes))
+        return;
+    PD_DATA decoded;
+    if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
+                         decoded, &error) ||
+        !PD_EncodeBinary(decoded, bytesAgain) || bytesAgain != bytes)
+        std::abort();
+}
+
 }  // namespace devctrl_fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    using namespace devctrl_fuzz;
+    setDiagTraceHandler([](const char*, const char*) {});
+    if (kDataDir) {
+        const std::string path = kDataDir[0] == '/' ? kDataDir : scratchDir() + "/" + kDataDir;
+        setenv("DEVCTRL_DATA_DIR", path.c_str(), 1);
+        setenv("DEVCTRL_SETTINGS", (scratchDir() + "/settings.ini").c_str(), 1);
+        unsetenv("TARN_SHOW_ALL_DEVICES");
+    }
+    return 0;
+}

@@ -1,6 +1,7 @@
 #pragma once
 // Shared by the fuzz targets: the one kind of exception bad data may raise by
-// design, a scratch directory per process, and cutting an input into parts.
+// design, a scratch directory per process, cutting an input into parts, and a
+// family object for the part data targets to merge into.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,16 +10,18 @@
 #include <string_view>
 #include <vector>
 
+class PD_DATA;
+
 namespace devctrl_fuzz {
 
-// The range errors the library lets escape on purpose: a row shorter than its
-// column list, a negative package index, an empty condition of a listed part.
-// They come from a checked vector or string access; every other exception,
-// even another std::out_of_range, is a finding.
+// The range errors the library lets escape on purpose (a row shorter than its
+// column list, a negative package index, an empty condition of a listed part)
+// come from a checked vector or string access; every other exception, even
+// another std::out_of_range, is a finding.
 bool isDesignedRangeError(const std::out_of_range& error);
 
-// Runs `body`. A designed range error is swallowed; anything else escapes,
-// which ends the fuzzing run with a crash report.
+// Runs `body`, swallowing designed range errors; anything else escapes and
+// ends the run with a crash report.
 template <typename Body>
 void expectOnlyDesignedRangeErrors(Body&& body) {
     try {
@@ -29,9 +32,15 @@ void expectOnlyDesignedRangeErrors(Body&& body) {
     }
 }
 
-// Replaces the trace handler by one that drops every line: the targets feed
-// broken files on purpose and would otherwise flood the terminal.
-void silenceTraces();
+// Each target names the data directory it points the library at (relative
+// paths lie in scratchDir(); null for none). The shared LLVMFuzzerInitialize
+// sets it, with a settings file of its own, and drops every trace line: the
+// targets feed broken files on purpose.
+extern const char* const kDataDir;
+
+inline std::string_view asText(const std::uint8_t* data, std::size_t size) {
+    return std::string_view(reinterpret_cast<const char*>(data), size);
+}
 
 // A directory under the system temp dir for this process, removed at exit.
 const std::string& scratchDir();
@@ -39,17 +48,29 @@ const std::string& scratchDir();
 std::string writeScratchFile(const std::string& relative, std::string_view bytes);
 void removeScratchFile(const std::string& relative);
 
-// The input cut at lines that hold exactly `separator`; always one part at
-// least. Used to carry several files in one input.
-std::vector<std::string_view> splitAtSeparatorLines(const std::uint8_t* data, std::size_t size,
+// The input cut at lines that hold exactly `separator`; at least one part.
+std::vector<std::string_view> splitAtSeparatorLines(std::string_view text,
                                                     std::string_view separator);
-
-// The input cut at newlines, at most `limit` pieces (the last one keeps the
-// rest).
-std::vector<std::string> splitLines(const std::uint8_t* data, std::size_t size, std::size_t limit);
+// The input cut at newlines, at most `limit` pieces (the last keeps the rest).
+std::vector<std::string> splitLines(std::string_view text, std::size_t limit);
 
 // Destroys the device manager and the part-model database, so the next
 // getInstance() reads the data directory again.
 void dropManager();
+
+// The resource columns the part data targets ask the readers for.
+const std::vector<std::string>& requestedPartDataColumns();
+
+// Reads `bytes` with a family's self-contained text reader (loadPWD), or, when
+// `asPmFile`, with its library reader (loadPWD_Bin) as the PM's ".pwd" under
+// the data directory; each time into a package section of two columns and
+// three rows (one shorter than the column list) and into an empty one, whose
+// every cell is then read as the queries would.
+void readIntoFamilies(std::string_view bytes, bool asPmFile,
+                      const std::vector<std::string>& requested = requestedPartDataColumns());
+
+// Aborts unless data that encode to the binary form decode back to data that
+// encode to the same bytes.
+void checkBinaryRoundTrip(const PD_DATA& data);
 
 }  // namespace devctrl_fuzz

@@ -5,27 +5,64 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/mngr/device_mngr.h"
 #include "support/test_env.h"
 
 namespace devctrl_test {
 
-// The PM of the family these tests install, and its two files, clean.
-extern const char* const kBadDataPm;
-std::string cleanFamilyKey();
-std::string cleanDeviceAcd();
+inline const char* const kBadDataPm = "bd1a00";
 
-// Byte-level damage, applied to a whole file.
-std::string withCrlf(const std::string& text);
-std::string withoutFinalNewline(const std::string& text);
+inline std::string cleanFamilyKey() {
+    return "# key data of the damaged-data family\n"
+           "FAMILY   = BDQ\nDEVICES  = BQ1, BQ2\n"
+           "PACKAGES = BQ1, BG10 : \\\n           BQ2, BG10\n"
+           "SPEEDS   = BQ1, BG10, 1 : BQ2, BG10, 1, 2\n";
+}
+
+inline std::string cleanDeviceAcd() {
+    return "PM_ENABLE = true\nPKG_ALIAS = BG10, B10\nRESOURCE_ITMES = LUT\n"
+           "DEVICE_ITEMS = Status\nDEVICE_DATAS = BQ1, P : BQ2, P\n"
+           "PACKAGE_ITEMS = ES, Condition, LUT\n"
+           "PACKAGE_DATAS = BQ1, BG10, No, C, 100 : BQ2, BG10, No, CI, 200\n";
+}
+
+inline std::string withCrlf(const std::string& text) {
+    std::string result;
+    for (char c : text)
+        result += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return result;
+}
+
+inline std::string withoutFinalNewline(std::string text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    return text;
+}
 
 // Writes the family into `dir` (as <dir>/<kBadDataPm>/...).
-void writeFamily(const TempDir& dir, const std::string& familyKey, const std::string& deviceAcd);
+inline void writeFamily(const TempDir& dir, const std::string& familyKey,
+                        const std::string& deviceAcd) {
+    dir.write(std::string(kBadDataPm) + "/family.key", familyKey);
+    dir.write(std::string(kBadDataPm) + "/device.acd", deviceAcd);
+}
 
-// The part names the manager offers for `pm` (obsolete parts included), after
-// loading the data directory `dir` afresh. Empty when the PM did not load.
-std::vector<std::string> loadedParts(const std::string& dir, const std::string& pm);
+// The part names offered for kBadDataPm (obsolete included) after loading
+// `dir` afresh; empty when the PM did not load.
+inline std::vector<std::string> loadedParts(const std::string& dir) {
+    DataDirScope scope(dir);
+    std::vector<std::string> parts;
+    tarn::vyxpn::TarnDeviceMngr::getInstance()->getAllPartsByPM(kBadDataPm, parts, true, false);
+    return parts;
+}
 
 // The trace lines that mention `text`.
-std::vector<std::string> linesMentioning(const TraceCapture& traces, const std::string& text);
+inline std::vector<std::string> linesMentioning(const TraceCapture& traces,
+                                                const std::string& text) {
+    std::vector<std::string> found;
+    for (const std::string& line : traces.lines())
+        if (line.find(text) != std::string::npos)
+            found.push_back(line);
+    return found;
+}
 
 }  // namespace devctrl_test

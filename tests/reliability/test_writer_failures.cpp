@@ -1,47 +1,68 @@
-// writeSDS to places that cannot take the file: nothing is left behind, not
-// even a temporary, and the tool says which file it could not write.
+// Writers and the tool facing what they cannot handle: an unwritable target
+// leaves nothing behind, and the tool says in one line which file or which
+// family's installed data stopped it.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 
-#include "devctrl/sds/sds_file.h"
 #include "reliability/bad_data_support.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
 using namespace devctrl_test;
+using Strings = std::vector<std::string>;
 
-TEST(WriterFailures, UnwritablePathsLeaveNothingBehind) {
-    TempDir dir;
-    dir.write("plain-file", "keep me\n");
-    fs::create_directory(dir.file("a-directory"));
-    tarn::vyxpn::TarnSDSFile family("bd1a00", nullptr);
-    family.m_genericDevices.m_items = {"Device"};
-    family.m_genericDevices.m_datas["BQ1-1B10C"] = {"BQ1"};
-
-    family.writeSDS(dir.file("plain-file/under-a-file.sds"));
-    family.writeSDS(dir.file("a-directory"));
-    family.writeSDS(dir.file("no-such-directory/x.sds"));
-    family.writeSDS("");
-    EXPECT_EQ(devctrl_test::listDirectory(dir.path()),
-              (std::vector<std::string>{"a-directory", "plain-file"}));
-    EXPECT_TRUE(fs::is_empty(dir.file("a-directory")));
-    EXPECT_EQ(readFile(dir.file("plain-file")), "keep me\n");
-}
-
-TEST(WriterFailures, ToolNamesTheFileItCouldNotWrite) {
+// Written beside the target and renamed (tests/sds cover each kind of bad
+// path): a target under a file leaves nothing behind and the file intact.
+TEST(WriterFailures, ToolNamesTheFileItCouldNotWriteAndLeavesNothing) {
     TempDir dir;
     writeFamily(dir, cleanFamilyKey(), cleanDeviceAcd());
     const std::string target = dir.file("bd1a00/device.acd/out.sds");
     std::string out, err;
     EXPECT_EQ(runTool("-q --data " + dir.path() + " write-sds bd1a00 " + target, &out, &err), 1);
     EXPECT_EQ(err, "devctrl: could not write " + target + "\n");
-    EXPECT_EQ(devctrl_test::listDirectory(dir.file("bd1a00")),
-              (std::vector<std::string>{"device.acd", "family.key"}));
+    EXPECT_EQ(listDirectory(dir.file("bd1a00")), (Strings{"device.acd", "family.key"}));
+    EXPECT_EQ(readFile(dir.file("bd1a00/device.acd")), cleanDeviceAcd());
+}
+
+// Range errors the library raises on bad installed data: one line on
+// standard error naming the family or part, exit status 3, never an abort.
+TEST(WriterFailures, ToolRangeErrorIsOneLineNamingTheFamilyOrPart) {
+    const std::string ascAcd = cleanDeviceAcd() +
+                               "ASC_TYPES = ASC10\nPM_ITEMS = ASCStockNum, ASCExtTypes, ASCMaxNum\n"
+                               "PM_DATAS = 1, 1, 2\n";
+    const struct {
+        std::string deviceAcd, command, expected;
+    } cases[] = {
+        // A listed part with an empty condition: building the part table fails.
+        {"PM_ENABLE = true\nPART_GENERATE_METHOD = opn\nPKG_ALIAS = BG10, B10\n"
+         "PART_ITEMS = Status\nPART_DATAS = BQ1-1B10C, BQ1, BG10, 1, , , P\n",
+         "devices bd0a00", "family BDQ (PM bd1a00)"},
+        // A negative alias index: making a part name fails.
+        {cleanDeviceAcd() +
+             "PACKAGE_ITEMS = ES, Condition, LUT, PKGIndex\n"
+             "PACKAGE_DATAS = BQ1, BG10, No, C, 100, -1 : BQ2, BG10, No, CI, 200, 0\n",
+         "devices bd0a00", "family BDQ (PM bd1a00)"},
+        // The on-board chip's catalogue row lacks the DAC column.
+        {ascAcd, "report BQ1-1B10C", "part BQ1-1B10C"},
+    };
+    for (const auto& c : cases) {
+        TempDir dir;
+        writeFamily(dir, cleanFamilyKey(), c.deviceAcd);
+        // A healthy family beside it, loaded before the broken one.
+        dir.write("bd0a00/family.key",
+                  "FAMILY = BDP\nDEVICES = P1\nPACKAGES = P1, BG10\nSPEEDS = P1, BG10, 1\n");
+        dir.write("bd0a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = BG10, B10\n");
+        dir.write("device.acd",
+                  "ASC_RESOURCE_ITMES = ADC, DAC\nASC_ITMES = ADC, DAC\nASC_DATAS = ASC10, 4\n");
+        std::string out, err;
+        EXPECT_EQ(runTool("-q --data " + dir.path() + " " + c.command, &out, &err), 3) << err;
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+        EXPECT_EQ(err.find("devctrl: " + c.expected + ": error in the installed data"), 0u) << err;
+        // Commands that need no family still work.
+        EXPECT_EQ(runTool("-q --data " + dir.path() + " pms", &out), 0);
+    }
 }
 
 }  // namespace
