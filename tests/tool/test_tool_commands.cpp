@@ -109,7 +109,9 @@ TEST(ToolCommands, SmallInstallation) {
             {"conditions zr1a00 ZR4 QF48 8", 1,
              "devctrl: unknown speed grade '8' in zr1a00; did you mean 6?\n"},
             {"no-such-command", -1, "~^.*\n$"},
-            {"key zr1a00", -1, "~^.*\n$"},
+            {"exist ZR4", -1,
+             "devctrl: unknown command 'exist'; did you mean exists? (see 'devctrl --help')\n"},
+            {"key zr1a00", -1, "~^.*see 'devctrl key --help'.*\n$"},
         });
     std::string out, err;
     EXPECT_EQ(runTool("--data " + install.dir.path() + " pms --loaded", &out, &err), 0);
