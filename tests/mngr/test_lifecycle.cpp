@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <memory>
-
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "platform/pm_database.h"
@@ -25,7 +22,7 @@ void writePm(const TempDir& dir, const std::string& pm, const std::string& famil
              const std::string& acd = kGoodAcd) {
     dir.write(pm + "/family.key", "FAMILY = " + families +
                                       "\nDEVICES = D1\nPACKAGES = D1, QF48\n"
-                                      "SPEEDS = D1, QF48, 6\nVENDOR_NOTE = kept as is\n");
+                                      "SPEEDS = D1, QF48, 6\n");
     dir.write(pm + "/device.acd", acd);
 }
 
@@ -49,17 +46,10 @@ TEST(ManagerLifecycle, LoadsEveryPmAndDropsTheBrokenOnes) {
                        "TarnDeviceMngr failed to load lc2a00 device information.",
                        "Failed to load device.acd of lc3a00",
                        "TarnDeviceMngr failed to load lc3a00 device information."}));
-
-    // Destroying the manager lets the next one read another data directory.
+    // Deleting the manager clears the pointers getInstance() would hand out.
     delete TarnDeviceMngr::getInstance();
     EXPECT_EQ(TarnDeviceMngr::m_pMngr, nullptr);
     EXPECT_EQ(PM_DATABASE::_database, nullptr);
-    TempDir second;
-    writePm(second, "lc9a00", "LCZ");
-    EnvGuard env("DEVCTRL_DATA_DIR", second.path().c_str());
-    TarnDeviceMngr* again = TarnDeviceMngr::getInstance();
-    EXPECT_EQ(again->getFamilyFile("lc1a00"), nullptr);
-    EXPECT_NE(again->getFamilyFile("lc9a00"), nullptr);
 }
 
 TEST(ManagerLifecycle, ReloadSemantics) {
@@ -76,11 +66,6 @@ TEST(ManagerLifecycle, ReloadSemantics) {
 
     ASSERT_TRUE(mngr.loadDeviceInfo("lc1a00", true));
     EXPECT_EQ(mngr.getFamilyFile("lc1a00")->m_defaultASC, "") << "reloaded from the files";
-
-    // A reload that fails loses the loaded data: there is no rollback.
-    dir.write("lc1a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
-    EXPECT_FALSE(mngr.loadDeviceInfo("lc1a00", true));
-    EXPECT_EQ(mngr.getFamilyFile("lc1a00"), nullptr);
 }
 
 TEST(ManagerLifecycle, GetInstanceFromInsideInitReturnsTheLoadingManager) {
@@ -119,11 +104,6 @@ TEST(ManagerCatalogue, FamiliesPmsNamesAndKeys) {
     DataDirScope otherScope(other.path());
     EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("lccache2"), "lc5a00");
     EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("LCLATER"), "lc6a00");
-
-    std::unique_ptr<char, decltype(&std::free)> value(
-        TarnDeviceMngr::getValueByKey("lc6a00", "VENDOR_NOTE"), &std::free);
-    EXPECT_STREQ(value.get(), "kept as is");
-    EXPECT_EQ(TarnDeviceMngr::getValueByKey("lc6a00", "NO_SUCH_KEY"), nullptr);
     EnvGuard env("DEVCTRL_SETTINGS", dir.write("settings.ini", "Device=ZQ12-6BG100C\n").c_str());
     EXPECT_EQ(TarnDeviceMngr::getDefaultDevice(), "ZQ12-6BG100C");
 }

@@ -10,13 +10,6 @@
 
 namespace devctrl_test {
 
-using Row = std::vector<std::string>;
-
-// Adds a generated part row (auto layout) under its part name.
-inline void addPart(tarn::vyxpn::TarnSDSFile& file, const std::string& part, const Row& row) {
-    file.m_genericDevices.m_datas[part] = row;
-}
-
 // A family object owned by `mngr`, with the auto part-table layout and the
 // columns Status and ASCMaxNum after the fixed ones.
 inline tarn::vyxpn::TarnSDSFile* makeSelectionFamily(tarn::vyxpn::TarnDeviceMngr& mngr,
@@ -25,13 +18,15 @@ inline tarn::vyxpn::TarnSDSFile* makeSelectionFamily(tarn::vyxpn::TarnDeviceMngr
     file->m_genericDevices.m_items = {"Device",    "Speed",  "Package", "ShortPackage",
                                       "Condition", "Suffix", "Status",  "ASCMaxNum"};
     // Part names are keys in byte order: ZR12 sorts before ZR4.
-    addPart(*file, "ZR12-6BG100C", {"ZR12", "6", "BG100", "BG100C", "COM", "", "P", "2"});
-    addPart(*file, "ZR12-6BG100I", {"ZR12", "6", "BG100", "BG100I", "IND", "", "P", "2"});
-    addPart(*file, "ZR12-7BG100C", {"ZR12", "7", "BG100", "BG100C", "COM", "", "P", "2"});
-    addPart(*file, "ZR12-6QF48C", {"ZR12", "6", "QF48", "QF48C", "COM", "", "P", "0"});
-    addPart(*file, "ZR4-12QF48C", {"ZR4", "12", "QF48", "QF48C", "COM", "", "P", "0"});
-    addPart(*file, "ZR4-6QF48C", {"ZR4", "6", "QF48", "QF48C", "COM", "", "O", "0"});
-    addPart(*file, "ZR9-6QF48C", {"ZR9", "6", "QF48", "QF48C", "COM", "", "PO", "1"});
+    file->m_genericDevices.m_datas = {
+        {"ZR12-6BG100C", {"ZR12", "6", "BG100", "BG100C", "COM", "", "P", "2"}},
+        {"ZR12-6BG100I", {"ZR12", "6", "BG100", "BG100I", "IND", "", "P", "2"}},
+        {"ZR12-7BG100C", {"ZR12", "7", "BG100", "BG100C", "COM", "", "P", "2"}},
+        {"ZR12-6QF48C", {"ZR12", "6", "QF48", "QF48C", "COM", "", "P", "0"}},
+        {"ZR4-12QF48C", {"ZR4", "12", "QF48", "QF48C", "COM", "", "P", "0"}},
+        {"ZR4-6QF48C", {"ZR4", "6", "QF48", "QF48C", "COM", "", "O", "0"}},
+        {"ZR9-6QF48C", {"ZR9", "6", "QF48", "QF48C", "COM", "", "PO", "1"}},
+    };
     mngr.adoptFamilyFile(file);
     return file;
 }

@@ -22,6 +22,7 @@ void fillPackageSection(TarnSDSFile& file) {
     file.m_packageSection.m_items = {"PKGIndex"};
     file.m_packageSection.m_datas["ZR4_BG100"] = {"0"};
     file.m_packageSection.m_datas["ZR4_QF48"] = {"1"};
+    file.m_packageSection.m_datas["ZR7_QF48"] = {"2"};
 }
 
 }  // namespace
@@ -51,12 +52,14 @@ TEST(PwdLibraryReader, TextAndBinaryFormsMergeTheSameColumns) {
     fillPackageSection(fromText);
     ASSERT_EQ(fromText.loadPWD_Bin("zr1a00", "/ignored/", {"LUT", "FF"}), 0);
     const TarnSDSFileSection& section = fromText.m_packageSection;
-    // Both "Format" tables are merged, one after the other. Unlike the text
-    // reader above, empty fields keep their column; rows without a partner
-    // are dropped.
+    // Both "Format" tables are appended, one after the other, a column name
+    // seen before included. Unlike the text reader above, empty fields keep
+    // their column. Rows only the part data has are dropped; rows it lacks
+    // stay short.
     EXPECT_EQ(section.m_items, (Row{"PKGIndex", "ff", "lut", "LUT", "FF"}));
     EXPECT_EQ(section.m_datas.at("ZR4_BG100"), (Row{"0", "10", "30", "11", "12"}));
     EXPECT_EQ(section.m_datas.at("ZR4_QF48"), (Row{"1", "4", "6"}));
+    EXPECT_EQ(section.m_datas.at("ZR7_QF48"), Row{"2"});
     EXPECT_EQ(section.m_datas.count("ZR9_XX1"), 0u);
 
     PD_DATA data;
@@ -67,30 +70,4 @@ TEST(PwdLibraryReader, TextAndBinaryFormsMergeTheSameColumns) {
     ASSERT_EQ(fromBinary.loadPWD_Bin("zr1a00", "/ignored/", {"LUT", "FF"}), 0);
     EXPECT_EQ(fromBinary.m_packageSection.m_items, section.m_items);
     EXPECT_EQ(fromBinary.m_packageSection.m_datas, section.m_datas);
-}
-
-TEST(PwdMerge, AppendsColumnsAndPartnerRowsOnly) {
-    TarnSDSFile file("zr1a00", nullptr);
-    TarnSDSFileSection pwd;
-    pwd.m_items = {"LUT", "FF"};
-    pwd.m_datas = {{"ZR4_BG100", {"640", "600"}}, {"ZR9_CC1", {"9", "9"}}};
-    TarnSDSFileSection acd;
-    acd.m_items = {"PKGIndex", "LUT"};
-    acd.m_datas = {{"ZR4_AA10", {"0", "1"}}, {"ZR4_BG100", {"1", "2"}}};
-    EXPECT_TRUE(file.mergePWDToACD(acd, pwd));
-    // A column name both sides have is simply there twice; the first stays
-    // the one a lookup finds.
-    EXPECT_EQ(acd.m_items, (Row{"PKGIndex", "LUT", "LUT", "FF"}));
-    EXPECT_EQ(acd.m_datas["ZR4_AA10"], (Row{"0", "1"})) << "no partner: left short";
-    EXPECT_EQ(acd.m_datas["ZR4_BG100"], (Row{"1", "2", "640", "600"}));
-    EXPECT_EQ(acd.m_datas.count("ZR9_CC1"), 0u);
-    EXPECT_EQ(*acd.cell("ZR4_BG100", acd.columnOf("LUT")), "2");
-
-    // A placeholder column list takes the part data whole, old rows dropped.
-    TarnSDSFileSection placeholder;
-    placeholder.m_items = {""};
-    placeholder.m_datas["OLD_ROW"] = {"x"};
-    EXPECT_TRUE(file.mergePWDToACD(placeholder, pwd));
-    EXPECT_EQ(placeholder.m_items, (Row{"LUT", "FF"}));
-    EXPECT_EQ(placeholder.m_datas, pwd.m_datas);
 }
