@@ -6,7 +6,6 @@
 // "family.key", its "device.acd" and the shared "device.acd" of the data
 // directory. An input without a separator serves as both family files.
 
-#include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "support/fuzz_support.h"
@@ -16,7 +15,6 @@ namespace {
 using tarn::vyxpn::KeyValueReport;
 using tarn::vyxpn::StringList;
 using tarn::vyxpn::TarnDeviceMngr;
-using tarn::vyxpn::TarnDeviceObj;
 
 constexpr const char* kPm = "zr9f00";
 // Enough to reach every code path of a query; more only costs time.
@@ -44,28 +42,6 @@ void exerciseEnumeration(TarnDeviceMngr& mngr, const std::string& pm) {
     }
 }
 
-void exercisePart(TarnDeviceMngr& mngr, const std::string& part) {
-    std::string pm, device, package, speed, condition, inner;
-    mngr.getNameByPart(part, pm, device, package, speed, condition);
-    mngr.getInnerDeviceName(part, inner);
-    mngr.getItemValue("Status", part, "");
-    mngr.enableSynplify(part);
-    mngr.getDefaultSynthesis(part);
-    mngr.getASCMaxNum(part);
-
-    TarnDeviceObj dev(part);
-    StringList supported;
-    mngr.getSupportedASCs(part, supported);
-    dev.m_ascList = supported;
-    dev.m_ascList.push_back(mngr.getDefaultASC());
-    std::string message;
-    mngr.isValid(dev, message);
-    KeyValueReport report;
-    mngr.calcDeviceData(dev, report);
-    std::string newName;
-    mngr.checkDevice(part, newName);
-}
-
 void exerciseFamily(TarnDeviceMngr& mngr) {
     StringList families;
     mngr.getAllFamilies(families, false, false);
@@ -78,7 +54,12 @@ void exerciseFamily(TarnDeviceMngr& mngr) {
         devctrl_fuzz::expectOnlyDesignedRangeErrors(
             [&] { mngr.getAllPartsByPM(pm, parts, true, false); });
         for (std::size_t i = 0; i < parts.size() && i < kPartLimit; ++i)
-            devctrl_fuzz::expectOnlyDesignedRangeErrors([&] { exercisePart(mngr, parts[i]); });
+            devctrl_fuzz::expectOnlyDesignedRangeErrors([&] {
+                StringList linked;
+                mngr.getSupportedASCs(parts[i], linked);
+                linked.push_back(mngr.getDefaultASC());
+                devctrl_fuzz::exercisePart(mngr, parts[i], linked);
+            });
         StringList custom;
         entry.second->getCustomItems(custom);
         mngr.writeSDS(pm, devctrl_fuzz::scratchDir() + "/written.sds");

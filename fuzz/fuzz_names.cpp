@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/devstatus_flags.h"
@@ -28,16 +27,12 @@ void compareAll(const std::vector<std::string>& names) {
     for (const std::string& a : names)
         for (const std::string& b : names)
             sink = sink ^ tarn::vyxpn::STRgreater(a, b) ^ tarn::vyxpn::PKGSTRgreater(a, b);
-    std::vector<std::string> sorted = names;
+    std::vector<std::string> sorted = names, packages = names;
     tarn::vyxpn::sortNatural(sorted);
-    // A sort keeps every element, whatever the comparator thinks of them.
-    std::vector<std::string> packages = names;
     tarn::vyxpn::sortPackages(packages);
-    std::vector<std::string> original = names;
-    std::sort(original.begin(), original.end());
-    std::sort(sorted.begin(), sorted.end());
-    std::sort(packages.begin(), packages.end());
-    if (sorted != original || packages != original)
+    // A sort keeps every element, whatever the comparator thinks of them.
+    if (!std::is_permutation(sorted.begin(), sorted.end(), names.begin(), names.end()) ||
+        !std::is_permutation(packages.begin(), packages.end(), names.begin(), names.end()))
         std::abort();
 }
 
@@ -53,28 +48,11 @@ void cutApart(const std::string& name) {
 
 void lookUp(TarnDeviceMngr& mngr, const std::vector<std::string>& names) {
     const std::string& part = names.front();
-    std::string newName, inner, pm, device, package, speed, condition;
-    mngr.checkDevice(part, newName);
-    mngr.getNewFormatDeviceName(part, newName);
-    mngr.getInnerDeviceName(part, inner);
-    mngr.getNameByPart(part, pm, device, package, speed, condition);
-    mngr.getItemValue("Status", part, "");
+    devctrl_fuzz::exercisePart(mngr, part, {names.begin() + 1, names.end()});
     mngr.getItemValue(part, part, "x");
-    mngr.getASCMaxNum(part);
-    mngr.enableICF(part);
     std::string value;
-    mngr.getGlobalASCValue(part, part, value);
-    if (names.size() > 1)
-        mngr.getGlobalASCValue(names[1], part, value);
+    mngr.getGlobalASCValue(names.back(), part, value);
     TarnDeviceMngr::baseFamilyToPm(part);
-
-    tarn::vyxpn::TarnDeviceObj dev(part);
-    dev.m_ascList.assign(names.begin() + 1, names.end());
-    std::string message;
-    mngr.isValid(dev, message);
-    dev.toString(false);
-    tarn::vyxpn::KeyValueReport report;
-    mngr.calcDeviceData(dev, report);
 }
 
 }  // namespace

@@ -16,17 +16,6 @@ constexpr std::size_t kNameLimit = 6;
 constexpr unsigned kSizes[] = {1, 2, 5, 1024};
 constexpr unsigned kSectionSizes[] = {1, 2, 5, 64, 9000};
 
-// The names of a NUL-separated list ending in a double NUL, at most `limit`.
-std::vector<std::string> namesOf(const char* list, unsigned length, std::size_t limit) {
-    std::vector<std::string> names;
-    for (unsigned at = 0; at < length && names.size() < limit;) {
-        std::string name(list + at);
-        at += static_cast<unsigned>(name.size()) + 1;
-        names.push_back(name);
-    }
-    return names;
-}
-
 // A zeroed buffer of exactly `size` bytes on the heap.
 std::unique_ptr<char[]> zeroed(unsigned size) {
     return std::unique_ptr<char[]>(new char[size == 0 ? 1 : size]());
@@ -40,7 +29,10 @@ std::vector<std::string> readAtEverySize(const char* section, const char* key, c
                                 file);
     auto list = zeroed(8192);
     unsigned length = GetPrivateProfileString(section, key, nullptr, list.get(), 8192, file);
-    return namesOf(list.get(), length, kNameLimit);
+    std::vector<std::string> names;
+    for (unsigned at = 0; at < length && names.size() < kNameLimit; at += names.back().size() + 1)
+        names.emplace_back(list.get() + at);
+    return names;
 }
 
 void readTextHelpers(const std::vector<std::string>& lines) {

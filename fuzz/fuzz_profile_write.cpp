@@ -7,8 +7,10 @@
 // Beyond "no crash": on a plain file (printable text, short lines, every
 // bracketed line closed), a written plain entry reads back as written.
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <tuple>
 
 #include "devctrl/util/profile.h"
 #include "support/fuzz_support.h"
@@ -16,35 +18,20 @@
 namespace {
 
 bool isPlainName(const std::string& text) {
-    if (text.empty() || text.size() > 64)
-        return false;
-    for (unsigned char c : text)
-        if (!std::isalnum(c) && c != '_')
-            return false;
-    return true;
+    return !text.empty() && text.size() <= 64 &&
+           std::all_of(text.begin(), text.end(),
+                       [](unsigned char c) { return std::isalnum(c) || c == '_'; });
 }
 
 // Text without the corners where the format's rules for odd lines (cut long
 // lines, unclosed headers, lone carriage returns) decide what a write keeps.
 bool isPlainFile(const std::string& text) {
-    std::size_t lineLength = 0;
-    bool lineStartsWithBracket = false;
-    char last = '\n';
-    for (char c : text) {
-        if (c == '\n') {
-            if (lineStartsWithBracket && last != ']')
-                return false;
-            lineLength = 0;
-            lineStartsWithBracket = false;
-        } else {
-            if (!std::isprint(static_cast<unsigned char>(c)) || ++lineLength > 200)
-                return false;
-            if (lineLength == 1 && c == '[')
-                lineStartsWithBracket = true;
-        }
-        last = c;
+    for (const std::string& line : devctrl_fuzz::splitLines(text, text.size() + 1)) {
+        if (line.size() > 200 || (!line.empty() && line[0] == '[' && line.back() != ']') ||
+            !std::all_of(line.begin(), line.end(), [](unsigned char c) { return std::isprint(c); }))
+            return false;
     }
-    return !lineStartsWithBracket || last == ']';
+    return true;
 }
 
 const char* orNull(const std::string& text) {
@@ -59,10 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<std::string> parts = devctrl_fuzz::splitLines(devctrl_fuzz::asText(data, size), 4);
     if (parts.size() < 4)
         return 0;
-    const std::string& section = parts[0];
-    const std::string& key = parts[1];
-    const std::string& value = parts[2];
-    const std::string& content = parts[3];
+    const auto& [section, key, value, content] = std::tie(parts[0], parts[1], parts[2], parts[3]);
 
     std::string path = devctrl_fuzz::writeScratchFile("write.ini", content);
     int written =
@@ -79,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // Into a file that does not exist yet.
     devctrl_fuzz::removeScratchFile("fresh.ini");
-    std::string fresh = devctrl_fuzz::scratchDir() + "/fresh.ini";
-    WritePrivateProfileString(section.c_str(), orNull(key), orNull(value), fresh.c_str());
+    WritePrivateProfileString(section.c_str(), orNull(key), orNull(value),
+                              (devctrl_fuzz::scratchDir() + "/fresh.ini").c_str());
     return 0;
 }

@@ -11,7 +11,7 @@ const char* const devctrl_fuzz::kDataDir = nullptr;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string_view text = devctrl_fuzz::asText(data, size);
-    std::vector<std::string> requested = devctrl_fuzz::requestedPartDataColumns();
+    std::vector<std::string> requested = devctrl_fuzz::kPartDataColumns;
     constexpr std::string_view kItemsPrefix = "@items ";
     if (text.substr(0, kItemsPrefix.size()) == kItemsPrefix) {
         std::size_t newline = text.find('\n');

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "platform/pd_binary_format.h"
@@ -78,16 +79,32 @@ std::vector<std::string> splitLines(std::string_view text, std::size_t limit) {
     return lines;
 }
 
+void exercisePart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part,
+                  const std::vector<std::string>& linked) {
+    std::string pm, device, package, speed, condition, inner, newName;
+    mngr.getNameByPart(part, pm, device, package, speed, condition);
+    mngr.getInnerDeviceName(part, inner);
+    mngr.checkDevice(part, newName);
+    mngr.getNewFormatDeviceName(part, newName);
+    mngr.getItemValue("Status", part, "");
+    mngr.enableSynplify(part);
+    mngr.enableICF(part);
+    mngr.getDefaultSynthesis(part);
+    mngr.getASCMaxNum(part);
+    tarn::vyxpn::TarnDeviceObj dev(part);
+    dev.m_ascList = linked;
+    dev.toString(false);
+    std::string message;
+    mngr.isValid(dev, message);
+    tarn::vyxpn::KeyValueReport report;
+    mngr.calcDeviceData(dev, report);
+}
+
 void dropManager() {
     delete tarn::vyxpn::TarnDeviceMngr::m_pMngr;
     tarn::vyxpn::TarnDeviceMngr::m_pMngr = nullptr;
     delete PM_DATABASE::_database;
     PM_DATABASE::_database = nullptr;
-}
-
-const std::vector<std::string>& requestedPartDataColumns() {
-    static const std::vector<std::string> columns{"LUT", "FF", "EBR", "pins"};
-    return columns;
 }
 
 void readIntoFamilies(std::string_view bytes, bool asPmFile,

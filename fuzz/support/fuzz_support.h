@@ -11,6 +11,9 @@
 #include <vector>
 
 class PD_DATA;
+namespace tarn::vyxpn {
+class TarnDeviceMngr;
+}
 
 namespace devctrl_fuzz {
 
@@ -54,12 +57,17 @@ std::vector<std::string_view> splitAtSeparatorLines(std::string_view text,
 // The input cut at newlines, at most `limit` pieces (the last keeps the rest).
 std::vector<std::string> splitLines(std::string_view text, std::size_t limit);
 
+// The queries a dialog makes on one part, validated and reported with
+// `linked` as its linked ASC chips.
+void exercisePart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part,
+                  const std::vector<std::string>& linked);
+
 // Destroys the device manager and the part-model database, so the next
 // getInstance() reads the data directory again.
 void dropManager();
 
 // The resource columns the part data targets ask the readers for.
-const std::vector<std::string>& requestedPartDataColumns();
+inline const std::vector<std::string> kPartDataColumns{"LUT", "FF", "EBR", "pins"};
 
 // Reads `bytes` with a family's self-contained text reader (loadPWD), or, when
 // `asPmFile`, with its library reader (loadPWD_Bin) as the PM's ".pwd" under
@@ -67,7 +75,7 @@ const std::vector<std::string>& requestedPartDataColumns();
 // three rows (one shorter than the column list) and into an empty one, whose
 // every cell is then read as the queries would.
 void readIntoFamilies(std::string_view bytes, bool asPmFile,
-                      const std::vector<std::string>& requested = requestedPartDataColumns());
+                      const std::vector<std::string>& requested = kPartDataColumns);
 
 // Aborts unless data that encode to the binary form decode back to data that
 // encode to the same bytes.

@@ -5,9 +5,7 @@
 
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
-#include "tests/platform/pd_test_support.h"
-
-using devctrl_test::describePartData;
+#include "platform/pd_text_writer.h"
 
 namespace {
 
@@ -52,17 +50,14 @@ std::string withHeader(const std::string& payload) {
 }  // namespace
 
 TEST(PdBinaryFormat, EncodeDecodeKeepsEverything) {
-    PD_DATA text;
+    PD_DATA text, binary;
     ASSERT_TRUE(text.LoadTxtString(kSample));
-    std::string bytes;
-    ASSERT_TRUE(PD_EncodeBinary(text, bytes));
-    PD_DATA binary;
+    const std::string bytes = encodeText(kSample);
     ASSERT_TRUE(decode(bytes, binary));
-    EXPECT_EQ(describePartData(binary), describePartData(text));
-
-    // The same data always give the same bytes, and repeated strings are
-    // stored once.
-    std::string again;
+    std::string before, after, again;
+    ASSERT_TRUE(PD_FormatText(text, before) && PD_FormatText(binary, after));
+    EXPECT_EQ(after, before);
+    // The same data always give the same bytes; repeated strings are stored once.
     ASSERT_TRUE(PD_EncodeBinary(binary, again));
     EXPECT_EQ(again, bytes);
     EXPECT_EQ(bytes.find("640"), bytes.rfind("640"));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
 #include "support/test_env.h"
 
 namespace devctrl_test {
@@ -26,19 +27,6 @@ inline std::string cleanDeviceAcd() {
            "PACKAGE_DATAS = BQ1, BG10, No, C, 100 : BQ2, BG10, No, CI, 200\n";
 }
 
-inline std::string withCrlf(const std::string& text) {
-    std::string result;
-    for (char c : text)
-        result += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return result;
-}
-
-inline std::string withoutFinalNewline(std::string text) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-        text.pop_back();
-    return text;
-}
-
 // Writes the family into `dir` (as <dir>/<kBadDataPm>/...).
 inline void writeFamily(const TempDir& dir, const std::string& familyKey,
                         const std::string& deviceAcd) {
@@ -53,6 +41,14 @@ inline std::vector<std::string> loadedParts(const std::string& dir) {
     std::vector<std::string> parts;
     tarn::vyxpn::TarnDeviceMngr::getInstance()->getAllPartsByPM(kBadDataPm, parts, true, false);
     return parts;
+}
+
+// The package section of kBadDataPm after loading `dir` afresh; empty when
+// the PM did not load.
+inline tarn::vyxpn::TarnSDSFileSection packageSection(const std::string& dir) {
+    DataDirScope scope(dir);
+    const auto* family = tarn::vyxpn::TarnDeviceMngr::getInstance()->getFamilyFile(kBadDataPm);
+    return family ? family->m_packageSection : tarn::vyxpn::TarnSDSFileSection();
 }
 
 // The trace lines that mention `text`.

@@ -1,5 +1,5 @@
-// Device table and key data files as editors and transfers leave them. What
-// the format allows loads as if clean and silently; NUL bytes are named in one
+// Data files as editors and transfers leave them. What the formats allow
+// loads as if clean and silently; NUL bytes in keyed files are named in one
 // trace line per file with the file and line, and the rest still loads.
 
 #include <gtest/gtest.h>
@@ -11,28 +11,39 @@ namespace {
 using namespace devctrl_test;
 using Strings = std::vector<std::string>;
 
-TEST(BadKeyedFiles, AllowedVariantsLoadAsCleanAndSilently) {
-    TempDir cleanDir;
-    writeFamily(cleanDir, cleanFamilyKey(), cleanDeviceAcd());
-    const Strings clean = loadedParts(cleanDir.path());
-    ASSERT_EQ(clean.size(), 5u);
+std::string withCrlfAndNoFinalNewline(const std::string& text) {
+    std::string result;
+    for (char c : text.substr(0, text.size() - 1))
+        result += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return result;
+}
+
+TEST(BadDataFiles, AllowedVariantsLoadAsCleanAndSilently) {
+    const std::string key = cleanFamilyKey(), acd = cleanDeviceAcd();
+    const std::string pwd = "[[Device Info]]\nFormat = LUT, FF\nBQ1_BG10 = 640, 700\n";
     // Longer than every line buffer the file formats around here name (1024
     // for INI files, 4096 for part data): keyed files have none.
-    const std::string longComment = "# " + std::string(70000, 'c') + "\n";
-    const std::string key = cleanFamilyKey(), acd = cleanDeviceAcd();
-    const std::pair<std::string, std::string> variants[] = {
-        {withCrlf(key), withCrlf(acd)},
-        {withoutFinalNewline(key), withoutFinalNewline(acd)},
-        {withoutFinalNewline(withCrlf(key)), withoutFinalNewline(withCrlf(acd))},
-        {"# \xc3\xa9t\xe9\n" + key, acd},
-        {longComment + key, acd + "LONG = " + std::string(70000, 'n') + "\n"},
+    const std::string longLine = std::string(70000, 'n') + "\n";
+    const struct {
+        std::string familyKey, deviceAcd, partData;
+    } variants[] = {
+        {key, acd, pwd},
+        {withCrlfAndNoFinalNewline(key), withCrlfAndNoFinalNewline(acd),
+         withCrlfAndNoFinalNewline(pwd)},
+        {"# \xc3\xa9t\xe9\n" + key, acd, "[[Ger\xc3\xa4te]]\n" + pwd + "Z\xe9_BG10 = 1, 2\n"},
+        {"# " + longLine + key, acd + "LONG = " + longLine, pwd + "BQ9_BG10 = 7" + longLine},
     };
-    for (const auto& [familyKey, deviceAcd] : variants) {
+    for (const auto& v : variants) {
+        SCOPED_TRACE(v.familyKey.substr(0, 40));
         TempDir dir;
-        writeFamily(dir, familyKey, deviceAcd);
+        writeFamily(dir, v.familyKey, v.deviceAcd);
+        dir.write(std::string(kBadDataPm) + "/" + kBadDataPm + ".pwd", v.partData);
         TraceCapture traces;
-        EXPECT_EQ(loadedParts(dir.path()), clean) << familyKey.substr(0, 40);
-        EXPECT_TRUE(traces.lines().empty()) << familyKey.substr(0, 40);
+        EXPECT_EQ(loadedParts(dir.path()),
+                  (Strings{"BQ1-1B10C", "BQ2-1B10C", "BQ2-1B10I", "BQ2-2B10C", "BQ2-2B10I"}));
+        EXPECT_EQ(packageSection(dir.path()).m_datas["BQ1_BG10"],
+                  (Strings{"No", "C", "100", "640"}));
+        EXPECT_TRUE(traces.lines().empty());
     }
 }
 

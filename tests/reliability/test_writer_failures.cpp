@@ -11,10 +11,9 @@
 namespace {
 
 using namespace devctrl_test;
-using Strings = std::vector<std::string>;
 
-// Written beside the target and renamed (tests/sds cover each kind of bad
-// path): a target under a file leaves nothing behind and the file intact.
+// Written beside the target and renamed: a target under a file leaves
+// nothing behind and the file intact.
 TEST(WriterFailures, ToolNamesTheFileItCouldNotWriteAndLeavesNothing) {
     TempDir dir;
     writeFamily(dir, cleanFamilyKey(), cleanDeviceAcd());
@@ -22,7 +21,8 @@ TEST(WriterFailures, ToolNamesTheFileItCouldNotWriteAndLeavesNothing) {
     std::string out, err;
     EXPECT_EQ(runTool("-q --data " + dir.path() + " write-sds bd1a00 " + target, &out, &err), 1);
     EXPECT_EQ(err, "devctrl: could not write " + target + "\n");
-    EXPECT_EQ(listDirectory(dir.file("bd1a00")), (Strings{"device.acd", "family.key"}));
+    EXPECT_EQ(listDirectory(dir.file("bd1a00")),
+              (std::vector<std::string>{"device.acd", "family.key"}));
     EXPECT_EQ(readFile(dir.file("bd1a00/device.acd")), cleanDeviceAcd());
 }
 
