@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/item_source.h"
 #include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file_section.h"
 
@@ -84,6 +85,12 @@ class TarnSDSFile {
                                          std::string defaultValue) const;
     std::string _internalGetPartItemValue(bool& found, const std::string& item,
                                           const std::string& part, std::string defaultValue) const;
+    // The cell getItemValue reads for `item` of `part`, and its table; every
+    // item lookup goes through here.
+    ItemSource locateItem(const std::string& item, const std::string& part) const;
+    // The same for the package, device and family tables alone.
+    ItemSource locateDevPkgItem(const std::string& item, const std::string& device,
+                                const std::string& package) const;
 
     // ---- part names (sds_part_names.cpp) ----
     std::string getShortPackage(const std::string& device, const std::string& package) const;

@@ -20,34 +20,27 @@ std::string TarnSDSFile::internalGetPartItemValue(const std::string& item, const
     return _internalGetPartItemValue(found, item, part, std::move(defaultValue));
 }
 
+ItemSource TarnSDSFile::locateDevPkgItem(const std::string& item, const std::string& device,
+                                         const std::string& package) const {
+    // The finest table that defines the item owns it outright: a missing row
+    // there means "no value", not "ask the coarser table".
+    int column = m_packageSection.columnOf(item);
+    if (column >= 0)
+        return {ItemOrigin::Package, m_packageSection.cell(device + "_" + package, column)};
+    if ((column = m_deviceSection.columnOf(item)) >= 0)
+        return {ItemOrigin::Device, m_deviceSection.cell(device, column)};
+    if ((column = m_pmSection.columnOf(item)) >= 0)
+        return {ItemOrigin::Family, m_pmSection.cell(m_pm, column)};
+    return {};
+}
+
 std::string TarnSDSFile::_internalGetDevPkgItemValue(bool& found, const std::string& item,
                                                      const std::string& device,
                                                      const std::string& package,
                                                      std::string defaultValue) const {
-    found = false;
-    std::string value;
-    // The finest table that defines the item owns it outright: a missing row
-    // there means "no value", not "ask the coarser table".
-    const TarnSDSFileSection* table = nullptr;
-    std::string key;
-    int column = m_packageSection.columnOf(item);
-    if (column >= 0) {
-        table = &m_packageSection;
-        key = device + "_" + package;
-    } else if ((column = m_deviceSection.columnOf(item)) >= 0) {
-        table = &m_deviceSection;
-        key = device;
-    } else if ((column = m_pmSection.columnOf(item)) >= 0) {
-        table = &m_pmSection;
-        key = m_pm;
-    }
-    if (table) {
-        if (const std::string* cell = table->cell(key, column)) {
-            value = *cell;
-            found = true;
-        }
-    }
-    return value.empty() ? defaultValue : value;
+    const ItemSource source = locateDevPkgItem(item, device, package);
+    found = source.cell != nullptr;
+    return found && !source.cell->empty() ? *source.cell : defaultValue;
 }
 
 std::string TarnSDSFile::internalGetDevPkgItemValue(const std::string& item,
@@ -58,23 +51,26 @@ std::string TarnSDSFile::internalGetDevPkgItemValue(const std::string& item,
     return _internalGetDevPkgItemValue(found, item, device, package, std::move(defaultValue));
 }
 
-std::string TarnSDSFile::getItemValue(const std::string& item, const std::string& part,
-                                      std::string defaultValue) const {
-    bool found = false;
-    std::string value = _internalGetPartItemValue(found, item, part, "");
-    if (found)
-        return value.empty() ? defaultValue : value;
+ItemSource TarnSDSFile::locateItem(const std::string& item, const std::string& part) const {
+    if (const std::string* cell = m_partSection.cell(part, m_partSection.columnOf(item)))
+        return {ItemOrigin::Part, cell};
 
     std::string device, package, speed, condition;
     if (getNameByPart(part, device, package, speed, condition)) {
-        value = _internalGetDevPkgItemValue(found, item, device, package, "");
-        if (found)
-            return value.empty() ? defaultValue : value;
+        ItemSource source = locateDevPkgItem(item, device, package);
+        if (source.cell)
+            return source;
     }
 
     if (const std::string* cell = m_genericDevices.cell(part, m_genericDevices.columnOf(item)))
-        value = *cell;
-    return value.empty() ? defaultValue : value;
+        return {ItemOrigin::PartTable, cell};
+    return {};
+}
+
+std::string TarnSDSFile::getItemValue(const std::string& item, const std::string& part,
+                                      std::string defaultValue) const {
+    const ItemSource source = locateItem(item, part);
+    return source.cell && !source.cell->empty() ? *source.cell : defaultValue;
 }
 
 }  // namespace tarn::vyxpn
