@@ -1,87 +1,14 @@
 #include "name_lookup.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "command.h"
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
-#include "devctrl/util/string_utils.h"
 
 namespace devctrl_tool {
 
 using tarn::vyxpn::TarnDeviceMngr;
-
-namespace {
-
-// Whether `a` becomes `b` by one insertion, removal or replacement. Linear:
-// after the common prefix the rest must line up with one step skipped.
-bool oneEditApart(const std::string& a, const std::string& b) {
-    const std::string& shorter = a.size() <= b.size() ? a : b;
-    const std::string& longer = a.size() <= b.size() ? b : a;
-    if (longer.size() - shorter.size() > 1)
-        return false;
-    std::size_t i = 0;
-    while (i < shorter.size() && shorter[i] == longer[i])
-        ++i;
-    if (shorter.size() == longer.size())
-        return i < shorter.size() && shorter.compare(i + 1, std::string::npos, longer, i + 1) == 0;
-    return shorter.compare(i, std::string::npos, longer, i + 1) == 0;
-}
-
-void sortNatural(std::vector<std::string>& names) {
-    tarn::vyxpn::sortNatural(names);
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-}
-
-}  // namespace
-
-NearNames::NearNames(std::string query, std::size_t limit)
-    : m_query(std::move(query)),
-      m_foldedQuery(tarn::vyxpn::util::toUpper(m_query)),
-      m_limit(limit) {}
-
-void NearNames::consider(const std::string& candidate) {
-    if (candidate.empty() || m_query.empty() || candidate == m_query)
-        return;
-    const std::size_t length = candidate.size();
-    if (length + 2 < m_query.size() || length > m_query.size() + 2)
-        return;
-    // Short names (speed grades) differ in their first character as often
-    // as anywhere else.
-    if (m_query.size() >= 4 && std::toupper(static_cast<unsigned char>(candidate[0])) !=
-                                   static_cast<unsigned char>(m_foldedQuery[0]))
-        return;
-    const std::string folded = tarn::vyxpn::util::toUpper(candidate);
-    if (folded == m_foldedQuery)
-        m_sameFolded.push_back(candidate);
-    else if (oneEditApart(folded, m_foldedQuery))
-        m_oneOff.push_back(candidate);
-}
-
-std::vector<std::string> NearNames::best() const {
-    // A name that differs only in letter case is surely the one meant; the
-    // one-character neighbours would only add noise then.
-    std::vector<std::string> names = m_sameFolded.empty() ? m_oneOff : m_sameFolded;
-    sortNatural(names);
-    if (names.size() > m_limit)
-        names.resize(m_limit);
-    return names;
-}
-
-std::string unknownNameMessage(const std::string& kind, const std::string& name,
-                               const std::vector<std::string>& suggestions,
-                               const std::string& where) {
-    std::string message = "unknown " + kind + " '" + name + "'";
-    if (!where.empty())
-        message += " in " + where;
-    for (std::size_t i = 0; i < suggestions.size(); ++i)
-        message += (i == 0 ? "; did you mean " : ", ") + suggestions[i];
-    if (!suggestions.empty())
-        message += "?";
-    return message;
-}
 
 std::string resolvePm(TarnDeviceMngr& mngr, const std::string& argument) {
     if (mngr.getFamilyFile(argument))
