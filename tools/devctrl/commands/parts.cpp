@@ -1,7 +1,6 @@
-#include <fnmatch.h>
-
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 #include "name_lookup.h"
@@ -49,14 +48,16 @@ class PartsCommand : public Command {
         const std::string condition = m_condition.empty() ? "" : conditionWord(m_condition);
         const tarn::vyxpn::TarnSDSFile& file = *mngr.getFamilyFile(pm);
 
-        tarn::vyxpn::StringList parts, selected;
-        mngr.getAllPartsByPM(pm, parts, m_filters.withObsolete, m_filters.ascOnly);
-        for (const std::string& part : parts) {
-            if (!matchesPattern(part))
+        tarn::vyxpn::PartQuery query;
+        query.pm = pm;
+        query.patterns = m_patterns;
+        query.withObsolete = m_filters.withObsolete;
+        query.ascOnly = m_filters.ascOnly;
+        tarn::vyxpn::StringList selected;
+        for (tarn::vyxpn::FoundPart& part : tarn::vyxpn::searchParts(mngr, query)) {
+            if (hasFieldFilter() && !matchesFields(file, part.name, condition))
                 continue;
-            if (hasFieldFilter() && !matchesFields(file, part, condition))
-                continue;
-            selected.push_back(part);
+            selected.push_back(std::move(part.name));
         }
         context.out.list(selected);
         return 0;
@@ -65,14 +66,6 @@ class PartsCommand : public Command {
   private:
     bool hasFieldFilter() const {
         return !m_device.empty() || !m_package.empty() || !m_speed.empty() || !m_condition.empty();
-    }
-    bool matchesPattern(const std::string& part) const {
-        if (m_patterns.empty())
-            return true;
-        for (const std::string& pattern : m_patterns)
-            if (fnmatch(pattern.c_str(), part.c_str(), FNM_CASEFOLD) == 0)
-                return true;
-        return false;
     }
     // Names compare without regard to case; the table is upper case but
     // people type either.
