@@ -1,7 +1,8 @@
 #pragma once
 // Everything a host program needs: the device manager, the family data
 // objects, device objects, the comparators, the text helpers and the INI
-// profile functions.
+// profile functions; part search, item listing, "did you mean" and load
+// progress.
 
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/comparators.h"
@@ -12,6 +13,14 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"
+
+#include "devctrl/mngr/load_progress.h"
+#include "devctrl/mngr/near_names.h"
+#include "devctrl/mngr/part_filter.h"
+#include "devctrl/mngr/part_items.h"
+#include "devctrl/mngr/part_search.h"
+#include "devctrl/sds/item_source.h"
+#include "devctrl/util/glob_match.h"
 
 #include "platform/base_settings.h"
 #include "platform/pm_devkey.h"

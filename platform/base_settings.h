@@ -27,8 +27,15 @@ private:
 
 class BaseSystem {
 public:
-    // DEVCTRL_DATA_DIR when set; otherwise the installed sample data beside
-    // the library, or the source tree's data/ for a build that is not
+    // The data directory, by precedence: the one set with setDataPath; else
+    // DEVCTRL_DATA_DIR when set and not empty; else the installed sample data
+    // beside the library, or the source tree's data/ for a build that is not
     // installed.
     static QDir getDataPath();
+    // Chooses the data directory from code; an empty path goes back to the
+    // environment and the sample data. Call it before the first
+    // TarnDeviceMngr::getInstance(): a loaded manager keeps what it read, and
+    // the next manager (after the current one is deleted) reads the new one.
+    // Not for use while another thread loads.
+    static void setDataPath(const QString& directory);
 };

@@ -30,9 +30,20 @@ QString installedDataDir() {
     return {};
 }
 
+QString& dataPathFromCode() {
+    static QString directory;
+    return directory;
+}
+
 }  // namespace
 
+void BaseSystem::setDataPath(const QString& directory) {
+    dataPathFromCode() = directory;
+}
+
 QDir BaseSystem::getDataPath() {
+    if (!dataPathFromCode().isEmpty())
+        return QDir(dataPathFromCode());
     // An empty DEVCTRL_DATA_DIR counts as unset rather than as the current
     // directory, which is never what a user means.
     const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");

@@ -43,6 +43,10 @@ void diagTrace(const char* message, const char* extra) {
         writeTraceLine(message, extra);
 }
 
+void diagTraceToStderr(const char* message, const char* extra) {
+    writeTraceLine(message, extra);
+}
+
 DiagTraceHandler setDiagTraceHandler(DiagTraceHandler handler) {
     return std::exchange(diagTraceHandler(), std::move(handler));
 }

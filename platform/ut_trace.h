@@ -13,6 +13,9 @@ void diagTrace(const char* message, const char* extra);
 // Installs a handler and returns the previous one; an empty handler restores
 // the default.
 DiagTraceHandler setDiagTraceHandler(DiagTraceHandler handler);
+// What diagTrace does when no handler is installed; a handler that only
+// adds to it (clearing a progress line first, say) calls it.
+void diagTraceToStderr(const char* message, const char* extra);
 
 // Progress message to the host; does nothing unless a handler is installed.
 void ut_guimsg(const char* message);

@@ -53,28 +53,27 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
 }
 
 int TarnDeviceMngr::checkDevice(const std::string& name, std::string& newName) {
-    // Answers of getNewFormatDeviceName and the results given back.
+    // Answers of getNewFormatDeviceName.
     enum { kNoEntry = 0, kRenamed = 1, kMigrated = 2, kNotRecommended = 3 };
-    enum { kValid = 0, kUnknown = 1, kUseOtherName = 3, kReplacementRecommended = 4 };
 
     std::string converted;
     switch (getNewFormatDeviceName(name, converted)) {
         case kRenamed:
         case kMigrated:
             if (!exists(converted))
-                return kUnknown;
+                return DeviceCheckUnknown;
             newName = converted;
-            return kUseOtherName;
+            return DeviceCheckUseNewName;
         case kNotRecommended:
             // The given name must still exist; the caller is told the
             // recommended one.
             if (!exists(name))
-                return kUnknown;
+                return DeviceCheckUnknown;
             newName = converted;
-            return kReplacementRecommended;
+            return DeviceCheckReplacementRecommended;
         case kNoEntry: {
             if (exists(name))
-                return kValid;
+                return DeviceCheckValid;
             // An engineering-sample name stands for its production part.
             const std::string sampleSuffix = "ES";
             if (name.size() >= sampleSuffix.size() &&
@@ -83,13 +82,13 @@ int TarnDeviceMngr::checkDevice(const std::string& name, std::string& newName) {
                 std::string production = name.substr(0, name.size() - sampleSuffix.size());
                 if (exists(production)) {
                     newName = production;
-                    return kUseOtherName;
+                    return DeviceCheckUseNewName;
                 }
             }
-            return kUnknown;
+            return DeviceCheckUnknown;
         }
         default:
-            return kValid;
+            return DeviceCheckValid;
     }
 }
 

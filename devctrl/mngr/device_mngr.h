@@ -115,6 +115,16 @@ class TarnDeviceMngr {
 
     // ---- validation (device/validation.cpp) ----
     bool isValid(const TarnDeviceObj& dev, std::string& message);
+    // The results of checkDevice (it returns them as int; 2 is never given).
+    enum DeviceCheck : int {
+        DeviceCheckValid = 0,    // the name stands as it is
+        DeviceCheckUnknown = 1,  // no loaded family knows it (nor its new name)
+        // Renamed or migrated, or an engineering-sample name (ending in ES)
+        // of a production part: use the name given in newName.
+        DeviceCheckUseNewName = 3,
+        // Valid, but not recommended: newName is the recommended part.
+        DeviceCheckReplacementRecommended = 4,
+    };
     int checkDevice(const std::string& name, std::string& newName);
 
     // ---- indexes (mngr_indexes.cpp) ----
@@ -125,6 +135,12 @@ class TarnDeviceMngr {
     // Changes whenever the indexes are dropped; cached answers that depend on
     // every loaded family (ASC capacity of a part) compare it.
     std::uint64_t indexGeneration() const { return m_indexGeneration; }
+
+    // ---- load progress (load_progress.h) ----
+    // Whether the last init() stopped because the progress handler asked it
+    // to; the families loaded before the stop stay loaded. A host that
+    // cancelled getInstance() deletes m_pMngr (or calls init() again).
+    bool loadCancelled() const { return m_loadCancelled; }
 
     static TarnDeviceMngr* m_pMngr;
 
@@ -141,6 +157,7 @@ class TarnDeviceMngr {
     std::map<std::string, TarnSDSFile*> m_familyFiles;
     std::uint64_t m_indexGeneration = 1;
     std::optional<std::unordered_map<std::string, PartOwner>> m_partOwners;
+    bool m_loadCancelled = false;
 };
 
 // The ','-separated members of one key; empties `out` and returns the count.

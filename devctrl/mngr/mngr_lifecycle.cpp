@@ -1,6 +1,8 @@
 #include <memory>
+#include <set>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/load_progress.h"
 #include "devctrl/sds/sds_file.h"
 #include "platform/pm_database.h"
 #include "platform/ut_trace.h"
@@ -33,9 +35,19 @@ TarnDeviceMngr* TarnDeviceMngr::getInstance() {
 
 void TarnDeviceMngr::init() {
     reset();
+    m_loadCancelled = false;
     StringList pms;
     baseGetAllPMs(pms);
+    // A PM listed under two family names loads twice but is announced once,
+    // so that a progress bar counts what the user sees as families.
+    const std::set<std::string> distinct(pms.begin(), pms.end());
+    std::set<std::string> announced;
     for (const auto& pm : pms) {
+        if (announced.insert(pm).second && !announceLoad(pm, static_cast<int>(announced.size()),
+                                                         static_cast<int>(distinct.size()))) {
+            m_loadCancelled = true;
+            return;
+        }
         ut_guimsg("...");
         loadDeviceInfo(pm, true);
     }

@@ -1,7 +1,5 @@
 // devctrl: ask the device catalogue from a shell or a script.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
@@ -12,7 +10,8 @@
 #include "command.h"
 #include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
-#include "platform/ut_trace.h"
+#include "devctrl/mngr/load_progress.h"
+#include "progress_line.h"
 
 namespace devctrl_tool {
 
@@ -22,48 +21,31 @@ std::map<std::string, std::unique_ptr<Command>>& registry() {
     return commands;
 }
 
-// Counts the families as they load (the manager announces each one with a
-// progress message, in PM order), and shows the count when a person is
-// watching standard error.
-int announced = 0;
+// The family being loaded, for naming it when its data stop the load.
+tarn::vyxpn::LoadProgress loading;
 
 void installProgress() {
-    announced = 0;
-    const bool show = isatty(STDERR_FILENO);
-    setGuiMsgHandler([show](const char*) {
-        ++announced;
-        if (!show)
-            return;
+    loading = {};
+    tarn::vyxpn::setLoadProgressHandler([](const tarn::vyxpn::LoadProgress& progress) {
+        loading = progress;
         // Large installations take seconds: say how far along the load is.
-        static std::size_t total = 0;
-        if (announced == 1) {
-            tarn::vyxpn::StringList pms;
-            tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
-            total = pms.size();
-        }
-        std::cerr << "\rdevctrl: loading family " << announced;
-        if (total >= static_cast<std::size_t>(announced))
-            std::cerr << " of " << total;
-        std::cerr << std::flush;
+        showProgressLine("devctrl: loading family " + std::to_string(progress.index) + " of " +
+                         std::to_string(progress.count));
+        return true;
     });
 }
 
 void clearProgress() {
-    if (isatty(STDERR_FILENO))
-        std::cerr << "\r\033[K" << std::flush;
-    setGuiMsgHandler(nullptr);
+    clearProgressLine();
+    tarn::vyxpn::setLoadProgressHandler(nullptr);
 }
 
-// "family ZR1 (PM zr1a00)" for the family the manager was loading when it
-// had announced `count` families.
-std::string familyLoadedAs(int count) {
-    tarn::vyxpn::StringList pms;
-    tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
-    if (count < 1 || static_cast<std::size_t>(count) > pms.size())
+// "family ZR1 (PM zr1a00)" for the family whose load failed.
+std::string familyLoadedAs(const tarn::vyxpn::LoadProgress& progress) {
+    if (progress.pm.empty())
         return "loading the families";
-    const std::string& pm = pms[static_cast<std::size_t>(count) - 1];
-    std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(pm);
-    return "family " + (family.empty() ? pm : family + " (PM " + pm + ")");
+    return "family " +
+           (progress.family.empty() ? progress.pm : progress.family + " (PM " + progress.pm + ")");
 }
 
 // What a command's arguments say it works on: its first part, PM or family
@@ -111,7 +93,7 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
             // Bad data of one family stopped the load: that family is what
             // the user must look at, whatever the command was about.
             clearProgress();
-            subject = familyLoadedAs(announced);
+            subject = familyLoadedAs(loading);
             throw;
         }
         clearProgress();
@@ -184,8 +166,7 @@ int main(int argc, char** argv) {
 
     if (!dataDir.empty())
         setenv("DEVCTRL_DATA_DIR", dataDir.c_str(), 1);
-    if (quiet)
-        setDiagTraceHandler([](const char*, const char*) {});
+    installTraceHandler(quiet);
 
     Output out(json);
     Context context{out, ""};
