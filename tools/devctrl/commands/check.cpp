@@ -20,19 +20,20 @@ class CheckCommand : public Command {
     }
     int run(Context& context) override {
         std::string newName;
-        int result = context.mngr().checkDevice(m_name, newName);
+        using tarn::vyxpn::TarnDeviceMngr;
+        const int result = context.mngr().checkDevice(m_name, newName);
         std::string verdict;
         std::string use;
         switch (result) {
-            case 0:
+            case TarnDeviceMngr::DeviceCheckValid:
                 verdict = "valid";
                 use = m_name;
                 break;
-            case 3:
+            case TarnDeviceMngr::DeviceCheckUseNewName:
                 verdict = "replaced";
                 use = newName;
                 break;
-            case 4:
+            case TarnDeviceMngr::DeviceCheckReplacementRecommended:
                 verdict = "not recommended";
                 use = newName;
                 break;
@@ -52,7 +53,7 @@ class CheckCommand : public Command {
                 rows.emplace_back("use", use);
             context.out.pairs(rows);
         }
-        return result == 1 ? 1 : 0;
+        return result == TarnDeviceMngr::DeviceCheckUnknown ? 1 : 0;
     }
 
   private:
