@@ -90,9 +90,7 @@ std::string valueOf(const TarnSDSFile& family, const std::string& part, const st
 
 template <typename Visit>
 void forEachItemName(const TarnSDSFile& family, Visit visit) {
-    for (const TarnSDSFileSection* table :
-         {&family.m_partSection, &family.m_packageSection, &family.m_deviceSection,
-          &family.m_pmSection, &family.m_genericDevices})
+    for (const TarnSDSFileSection* table : itemTables(family))
         for (const std::string& name : table->m_items)
             visit(name);
 }

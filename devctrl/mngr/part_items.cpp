@@ -8,31 +8,11 @@
 
 namespace tarn::vyxpn {
 
-namespace {
-
-const TarnSDSFileSection& tableOf(const TarnSDSFile& family, ItemOrigin origin) {
-    switch (origin) {
-        case ItemOrigin::Part:
-            return family.m_partSection;
-        case ItemOrigin::Package:
-            return family.m_packageSection;
-        case ItemOrigin::Device:
-            return family.m_deviceSection;
-        case ItemOrigin::Family:
-            return family.m_pmSection;
-        default:
-            return family.m_genericDevices;
-    }
-}
-
-}  // namespace
-
 std::vector<PartItem> getPartItems(const TarnSDSFile& family, const std::string& part) {
     std::vector<PartItem> items;
     std::unordered_set<std::string> asked;
-    for (const TarnSDSFileSection* table :
-         {&family.m_partSection, &family.m_packageSection, &family.m_deviceSection,
-          &family.m_pmSection, &family.m_genericDevices}) {
+    const auto tables = itemTables(family);
+    for (const TarnSDSFileSection* table : tables) {
         for (const std::string& name : table->m_items) {
             if (!asked.insert(name).second)
                 continue;
@@ -41,12 +21,14 @@ std::vector<PartItem> getPartItems(const TarnSDSFile& family, const std::string&
                 items.push_back({name, *source.cell, source.origin});
         }
     }
+    auto tableOf = [&](ItemOrigin origin) -> const TarnSDSFileSection& {
+        return *tables[static_cast<std::size_t>(origin) - 1];
+    };
     // Column positions only: the names are distinct, so the order is total.
     std::sort(items.begin(), items.end(), [&](const PartItem& a, const PartItem& b) {
         if (a.origin != b.origin)
             return a.origin < b.origin;
-        return tableOf(family, a.origin).columnOf(a.name) <
-               tableOf(family, b.origin).columnOf(b.name);
+        return tableOf(a.origin).columnOf(a.name) < tableOf(b.origin).columnOf(b.name);
     });
     return items;
 }

@@ -1,5 +1,7 @@
 #include "devctrl/sds/item_source.h"
 
+#include "devctrl/sds/sds_file.h"
+
 namespace tarn::vyxpn {
 
 const char* itemOriginName(ItemOrigin origin) {
@@ -18,6 +20,11 @@ const char* itemOriginName(ItemOrigin origin) {
             break;
     }
     return "";
+}
+
+std::array<const TarnSDSFileSection*, 5> itemTables(const TarnSDSFile& family) {
+    return {&family.m_partSection, &family.m_packageSection, &family.m_deviceSection,
+            &family.m_pmSection, &family.m_genericDevices};
 }
 
 }  // namespace tarn::vyxpn

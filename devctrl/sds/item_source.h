@@ -1,9 +1,13 @@
 #pragma once
 // Where the value of a part's item is read from.
 
+#include <array>
 #include <string>
 
 namespace tarn::vyxpn {
+
+class TarnSDSFile;
+class TarnSDSFileSection;
 
 // The tables a part's item is looked up in, in the order getItemValue asks
 // them (the family, device and package tables are one step: the finest of
@@ -21,6 +25,11 @@ enum class ItemOrigin {
 
 // "part", "package", "device", "family", "part table"; "" for None.
 const char* itemOriginName(ItemOrigin origin);
+
+// The tables of a family that hold items, in ItemOrigin order (Part,
+// Package, Device, Family, PartTable): their columns are every item name the
+// family knows.
+std::array<const TarnSDSFileSection*, 5> itemTables(const TarnSDSFile& family);
 
 // The cell an item lookup reads and the table it is in. The cell may be
 // empty: an empty cell is a value of "nothing", and getItemValue gives the

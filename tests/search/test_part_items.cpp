@@ -31,9 +31,7 @@ std::size_t expectAgreement(TarnDeviceMngr& mngr) {
     std::size_t checked = 0;
     for (const auto& [pm, file] : mngr.getFamilyFiles()) {
         std::vector<std::string> names{"NoSuchItem"};
-        for (const TarnSDSFileSection* table :
-             {&file->m_partSection, &file->m_packageSection, &file->m_deviceSection,
-              &file->m_pmSection, &file->m_genericDevices})
+        for (const TarnSDSFileSection* table : itemTables(*file))
             names.insert(names.end(), table->m_items.begin(), table->m_items.end());
         for (const auto& entry : file->m_genericDevices.m_datas) {
             const std::string& part = entry.first;
