@@ -59,8 +59,6 @@ TEST(PartSearch, SampleFamilyByItemsFieldsAndPatterns) {
     const std::vector<Case> cases{
         {queryOf("zr2b00", {"LUT>=3520", "Pin Count=48"}),
          {"ZS3-4N48C", "ZS3-5N48C", "ZS3-5N48E", "ZS3-5N48I", "ZS3-6N48C"}},
-        {queryOf("zr2b00", {"Shipping=REEL"}), {"ZS1-5N48C", "ZS1-5N48I"}},
-        {queryOf("zr2b00", {"Package~q*", "Speed>5"}), {"ZS3-6N48C", "ZS6-6Q64C"}},
         {queryOf("zr2b00", {"IO>49"}, {"zs6-*"}),
          {"ZS6-5B121C", "ZS6-5B121I", "ZS6-6B121C", "ZS6-6B121CES"}},
         // The part's condition word, not the package tables' letters.
@@ -68,8 +66,7 @@ TEST(PartSearch, SampleFamilyByItemsFieldsAndPatterns) {
         {queryOf("zr1a00", {"Condition=AUTO", "Device=ZR25", "Speed=6"}, {"*B100*"}),
          {"ZR25-6B100E", "ZR25-6B100EES", "ZR25-6B100ET"}},
         // Obsolete parts only when asked; ASC capacity from ASCMaxNum.
-        {queryOf("zr2b00", {"Status=o"}), {}},
-        {queryOf("zr2b00", {"Status=o"}, {}, true), {"ZS1-4S32C", "ZS1-4S32I"}},
+        {queryOf("zr2b00", {"Status=o", "Shipping=TRAY"}, {}, true), {"ZS1-4S32C", "ZS1-4S32I"}},
         {queryOf("zr2b00", {"LUT<4000", "Speed=4"}, {}, false, true), {"ZS3-4N48C"}},
         {queryOf("zr2b00", {"Family=zr2", "PM=zr2b00", "Status=E"}),
          {"ZS3-5Q64CES", "ZS6-6B121CES"}},
@@ -168,18 +165,16 @@ TEST(PartSearch, GeneratedCatalogueAgainstTheListQuery) {
         return f[which];
     };
     const std::vector<std::pair<Strings, Keep>> filters{
-        {{"LUT>=20000"},
+        {{"LUT>=20000", "Status=p"},
          [&](const TarnSDSFile& f, const std::string& p) {
              const std::string lut = item(f, p, "LUT");
-             return !lut.empty() && std::stol(lut) >= 20000;
+             return !lut.empty() && std::stol(lut) >= 20000 &&
+                    util::toUpper(item(f, p, "Status")) == "P";
          }},
-        {{"Pin Count=256", "Status=p"},
+        {{"Package~bg*", "Condition!=COM", "Pin Count=256"},
          [&](const TarnSDSFile& f, const std::string& p) {
-             return item(f, p, "Pin Count") == "256" && util::toUpper(item(f, p, "Status")) == "P";
-         }},
-        {{"Package~bg*", "Condition!=COM"},
-         [&](const TarnSDSFile& f, const std::string& p) {
-             return field(f, p, 1).rfind("BG", 0) == 0 && field(f, p, 3) != "COM";
+             return field(f, p, 1).rfind("BG", 0) == 0 && field(f, p, 3) != "COM" &&
+                    item(f, p, "Pin Count") == "256";
          }},
     };
     std::size_t selected = 0;
