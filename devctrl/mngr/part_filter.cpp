@@ -137,6 +137,10 @@ bool PartCondition::isPartField(const std::string& name) {
     return std::find(kPartFields.begin(), kPartFields.end(), name) != kPartFields.end();
 }
 
+bool PartCondition::hasOperator(const std::string& text) {
+    return text.find_first_of(kOperatorChars) != std::string::npos;
+}
+
 PartCondition PartCondition::parse(const std::string& expression) {
     const std::string quoted = "filter '" + expression + "'";
     const std::size_t opStart = expression.find_first_of(kOperatorChars);
