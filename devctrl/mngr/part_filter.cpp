@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cstring>
 #include <unordered_set>
 #include <utility>
 
@@ -138,7 +139,17 @@ bool PartCondition::isPartField(const std::string& name) {
 }
 
 bool PartCondition::hasOperator(const std::string& text) {
-    return text.find_first_of(kOperatorChars) != std::string::npos;
+    // A pattern's set may say [!...]: nothing inside brackets counts.
+    bool inSet = false;
+    for (char c : text) {
+        if (inSet)
+            inSet = c != ']';
+        else if (c == '[')
+            inSet = true;
+        else if (std::strchr(kOperatorChars, c))
+            return true;
+    }
+    return false;
 }
 
 PartCondition PartCondition::parse(const std::string& expression) {

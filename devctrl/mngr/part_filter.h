@@ -57,9 +57,9 @@ class PartCondition {
     bool accepts(const std::string& actual) const;
     // Whether `name` is a part field rather than an item.
     static bool isPartField(const std::string& name);
-    // Whether `text` holds an operator character, and so is meant as a
-    // condition rather than a name pattern (part names hold none of them):
-    // for a search box that takes either.
+    // Whether `text` holds an operator character outside a [...] set, and so
+    // is meant as a condition rather than a name pattern (part names hold
+    // none of them): for a search box that takes either.
     static bool hasOperator(const std::string& text);
 
   private:
