@@ -1,13 +1,13 @@
 #include "platform/pd_util.h"
 
 #include <strings.h>
-#include <sys/stat.h>
+#include <unistd.h>
 
-#include <cstdio>
+#include <cerrno>
 #include <cstring>
-#include <memory>
 
 #include "platform/base_settings.h"
+#include "platform/data_file.h"
 #include "platform/pd_binary_format.h"
 
 bool PD_UTIL::GetFilenameRTF(char* name, std::size_t size) {
@@ -39,12 +39,19 @@ bool PD_UTIL::GetFilenameRTF(char* name) {
 bool PD_UTIL::IsBinaryFile(const char* path) {
     if (!path)
         return false;
-    std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path, "rb"), &std::fclose);
-    if (!file)
+    tarn::vyxpn::platform::DataFile file(path);
+    if (!file.isOpen())
         return false;
     unsigned char head[PD_BIN_MAGIC_SIZE];
-    if (std::fread(head, 1, sizeof head, file.get()) != sizeof head)
-        return false;
+    std::size_t got = 0;
+    while (got < sizeof head) {
+        ssize_t n = ::read(file.fd(), head + got, sizeof head - got);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        got += static_cast<std::size_t>(n);
+    }
     return std::memcmp(head, PD_BIN_MAGIC, sizeof head) == 0;
 }
 
@@ -52,23 +59,8 @@ bool PD_UTIL::ReadWholeFile(const char* path, std::string& bytes, std::size_t ma
     bytes.clear();
     if (!path)
         return false;
-    std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path, "rb"), &std::fclose);
-    if (!file)
-        return false;
-    struct stat info {};
-    if (::fstat(fileno(file.get()), &info) != 0 || !S_ISREG(info.st_mode))
-        return false;
-    char chunk[65536];
-    std::size_t got;
-    while ((got = std::fread(chunk, 1, sizeof chunk, file.get())) > 0) {
-        // The size from fstat is only a hint; a growing file is cut off here.
-        if (got > maxSize - bytes.size()) {
-            bytes.clear();
-            return false;
-        }
-        bytes.append(chunk, got);
-    }
-    return !std::ferror(file.get());
+    tarn::vyxpn::platform::DataFile file(path);
+    return file.readAll(bytes, maxSize);
 }
 
 std::string PD_UTIL::Trim(const std::string& text) {

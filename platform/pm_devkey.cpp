@@ -11,15 +11,10 @@
 
 #include "platform/pm_devkey.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
-#include <memory>
 #include <string>
 
+#include "platform/data_file.h"
 #include "platform/pm_pic.h"
 #include "platform/pm_text.h"
 #include "platform/ut_trace.h"
@@ -29,34 +24,13 @@ using tarn::vyxpn::util::trimBlanksAndTabs;
 
 namespace {
 
-// The whole content of a regular file, or nothing when it cannot be read.
-// One read into an uninitialised buffer sized from fstat keeps large
-// catalogues cheap to load.
-struct FileContent {
-    std::unique_ptr<char[]> bytes;
-    std::size_t size = 0;
-    std::string_view view() const { return {bytes.get(), size}; }
-};
-
-FileContent readWholeFile(const char* path) {
-    FileContent content;
-    int fd = ::open(path, O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
-        return content;
-    struct stat info {};
-    if (::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && info.st_size > 0) {
-        std::size_t capacity = static_cast<std::size_t>(info.st_size);
-        content.bytes.reset(new char[capacity]);
-        while (content.size < capacity) {
-            ssize_t got = ::read(fd, content.bytes.get() + content.size, capacity - content.size);
-            if (got < 0 && errno == EINTR)
-                continue;
-            if (got <= 0)
-                break;  // error, or the file shrank meanwhile: keep what was read
-            content.size += static_cast<std::size_t>(got);
-        }
-    }
-    ::close(fd);
+// The whole content of the file, or nothing when it cannot be read (which
+// is traced unless the file is simply absent).
+std::string readWholeFile(const std::string& path) {
+    std::string content;
+    tarn::vyxpn::platform::DataFile file(path);
+    if (file.openOrTrace() && !file.readAll(content))
+        file.trace();
     return content;
 }
 
@@ -117,7 +91,7 @@ PM_DEVKEY::PM_DEVKEY(const char* path, unsigned char /*flags*/) {
     if (!path)
         return;
     m_path = path;
-    parse(readWholeFile(path).view());
+    parse(readWholeFile(m_path));
 }
 
 PM_DEVKEY::PM_DEVKEY(const char* fileName, const PM_PIC_HDL& family, unsigned char, unsigned char,
@@ -129,7 +103,7 @@ PM_DEVKEY::PM_DEVKEY(const char* fileName, const PM_PIC_HDL& family, unsigned ch
         return;
     }
     m_path = family.directory() + "/" + fileName;
-    parse(readWholeFile(m_path.c_str()).view());
+    parse(readWholeFile(m_path));
 }
 
 PM_DEVKEY PM_DEVKEY::fromText(std::string_view text, const std::string& sourceName) {

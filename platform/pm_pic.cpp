@@ -9,6 +9,8 @@
 
 #include <vector>
 
+#include "platform/data_file.h"
+
 namespace {
 
 template <typename Record>
@@ -82,8 +84,8 @@ bool PM_DEVPIC::set_device(const char* device) {
     m_device = nullptr;
     m_package = nullptr;
     m_speed = nullptr;
-    if (m_pm)
-        m_device = findNamed(m_pm->devices, device);
+    if (m_pm && device)
+        m_device = m_pm->findDevice(device);
     return m_device != nullptr;
 }
 
@@ -131,8 +133,13 @@ const char* PM_PIC::getDataFilePath(int /*kind*/, const char* extension, int, in
         return nullptr;
     std::string path = m_pm->directory + "/" + m_pm->pm + extension;
     struct stat info {};
-    if (::stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode))
+    if (::stat(path.c_str(), &info) != 0)
         return nullptr;
+    if (!S_ISREG(info.st_mode)) {
+        // There, but no file to read: said once, and the family does without.
+        tarn::vyxpn::platform::DataFile(path).openOrTrace();
+        return nullptr;
+    }
     m_dataFilePath = std::move(path);
     return m_dataFilePath.c_str();
 }

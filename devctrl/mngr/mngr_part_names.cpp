@@ -11,6 +11,7 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/base_settings.h"
+#include "platform/data_file.h"
 
 namespace tarn::vyxpn {
 
@@ -72,6 +73,9 @@ int TarnDeviceMngr::getNewFormatDeviceName(const std::string& name, std::string&
     if (!dataDir.exists(kNameListFile))
         return 0;
     const std::string listPath = dataDir.filePath(kNameListFile).toLocal8Bit().toStdString();
+    // The profile reader says nothing about a list it cannot use.
+    if (!platform::DataFile(listPath).openOrTrace())
+        return 0;
 
     std::string value;
     if (lookUp(listPath, kRenamedSection, name, value)) {

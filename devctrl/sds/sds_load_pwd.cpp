@@ -12,6 +12,7 @@
 
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
+#include "platform/data_file.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
 #include "platform/ut_trace.h"
@@ -84,6 +85,11 @@ int TarnSDSFile::loadPWD_Bin_internal(const char* pm, const char* /*directory*/,
     if (!PD_UTIL::GetFilenameRTF(path.data(), path.size()))
         return 0;
 
+    // A file that is there but cannot be read is named with the reason; a
+    // missing one is a family without extra columns.
+    if (!platform::DataFile(path.data()).openOrTrace())
+        return 0;
+
     auto data = std::make_unique<PD_DATA>();
     bool loaded = PD_UTIL::IsBinaryFile(path.data()) ? data->LoadBinFile(path.data())
                                                      : data->LoadTxtFile(path.data());
@@ -115,7 +121,10 @@ int TarnSDSFile::loadPWD_Bin_internal(const char* pm, const char* /*directory*/,
 // and runs of separators count as one, so an empty field between two commas
 // vanishes and the values after it move one column to the left.
 bool TarnSDSFile::loadPWD(std::string path, const std::vector<std::string>& resourceItems) {
-    std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "r"), &std::fclose);
+    platform::DataFile source(path);
+    if (!source.openOrTrace())
+        return false;
+    std::unique_ptr<FILE, int (*)(FILE*)> file(source.releaseAsStream(), &std::fclose);
     if (!file)
         return false;
 
