@@ -4,6 +4,7 @@
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/util/string_utils.h"
+#include "platform/data_file.h"
 #include "platform/pm_devkey.h"
 #include "platform/pm_record_reader.h"
 #include "support/fuzz_support.h"
@@ -57,8 +58,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The same bytes as a PM's "family.key", read from a file like the
     // part-model database does.
     std::string path = devctrl_fuzz::writeScratchFile("zr9f00/family.key", text);
-    PM_RECORD record =
-        tarn::vyxpn::util::readPmRecord("zr9f00", devctrl_fuzz::scratchDir() + "/zr9f00", path);
+    tarn::vyxpn::platform::DataFile file(path);
+    std::string content;
+    if (!file.readAll(content) || content != text)
+        __builtin_trap();  // the reader must give back exactly what was written
+    PM_RECORD record = tarn::vyxpn::util::readPmRecord(
+        "zr9f00", devctrl_fuzz::scratchDir() + "/zr9f00",
+        std::make_shared<const PM_DEVKEY>(PM_DEVKEY::fromText(content, path)));
     for (const PM_DEVICE_RECORD& device : record.devices)
         for (const PM_PACKAGE_RECORD& package : device.packages)
             sink = sink + package.speeds.size();

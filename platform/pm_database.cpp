@@ -6,9 +6,12 @@
 //   traces one line naming it; the built-in locations fall back silently. A
 //   data directory that exists but cannot be listed is traced wherever its
 //   path came from.
-// - A subdirectory with a "device.acd" or a "<pm>.pwd" but no readable
-//   "family.key", or whose "family.key" names no family, is traced (one line
-//   naming the file) and skipped; other subdirectories are skipped silently.
+// - A subdirectory with a "device.acd" or a "<pm>.pwd" but no "family.key",
+//   or whose "family.key" names no family, is traced (one line naming the
+//   file) and skipped; other subdirectories without one are skipped
+//   silently. A "family.key" that is there but cannot be read (no
+//   permission, a directory or FIFO in its place, the PM directory itself
+//   unreadable) is traced with the reason.
 // - Within DEVICES, PACKAGES and SPEEDS, empty names are skipped and a name
 //   given twice for the same owner is kept once (the first time).
 // - Condition letters after '/' in a grade are read in either case.
@@ -23,6 +26,7 @@
 #include <system_error>
 
 #include "platform/base_settings.h"
+#include "platform/data_file.h"
 #include "platform/pm_record_reader.h"
 #include "platform/ut_trace.h"
 
@@ -41,11 +45,26 @@ bool looksLikeFamily(const std::string& directory, const std::string& code) {
 
 }  // namespace
 
+void PM_RECORD::indexDevices() {
+    devicesByName.resize(devices.size());
+    for (std::uint32_t i = 0; i < devicesByName.size(); ++i)
+        devicesByName[i] = i;
+    std::sort(devicesByName.begin(), devicesByName.end(), [this](std::uint32_t a, std::uint32_t b) {
+        return devices[a].name < devices[b].name;
+    });
+}
+
+PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) {
+    auto found = std::lower_bound(
+        devicesByName.begin(), devicesByName.end(), name,
+        [this](std::uint32_t at, const std::string& wanted) { return devices[at].name < wanted; });
+    if (found == devicesByName.end() || devices[*found].name != name)
+        return nullptr;
+    return &devices[*found];
+}
+
 const PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) const {
-    for (const PM_DEVICE_RECORD& device : devices)
-        if (device.name == name)
-            return &device;
-    return nullptr;
+    return const_cast<PM_RECORD*>(this)->findDevice(name);
 }
 
 PM_DATABASE* PM_DATABASE::buildMe() {
@@ -94,17 +113,24 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
     for (const std::string& code : codes) {
         std::string directory = (root / code).string();
         std::string keyFile = directory + "/family.key";
-        std::error_code ignored;
-        if (!fs::is_regular_file(keyFile, ignored)) {
+        // Opened without blocking; a FIFO, a directory or a file that cannot
+        // be read is named with the reason.
+        tarn::vyxpn::platform::DataFile keyData(keyFile);
+        std::string text;
+        if (!keyData.isOpen() || !keyData.readAll(text)) {
             // Any directory may sit in the data directory; only one that
             // holds a family's other files is a family missing its key data.
-            if (looksLikeFamily(directory, code)) {
+            if (!keyData.missing()) {
+                std::string message = keyData.failure() + "; family directory skipped";
+                diagTrace(message.c_str(), nullptr);
+            } else if (looksLikeFamily(directory, code)) {
                 std::string message = keyFile + ": missing; family directory skipped";
                 diagTrace(message.c_str(), nullptr);
             }
             continue;
         }
-        PM_RECORD record = tarn::vyxpn::util::readPmRecord(code, directory, keyFile);
+        PM_RECORD record = tarn::vyxpn::util::readPmRecord(
+            code, directory, std::make_shared<const PM_DEVKEY>(PM_DEVKEY::fromText(text, keyFile)));
         if (record.familyNames.empty()) {
             std::string message = keyFile + ": no FAMILY name; family directory skipped";
             diagTrace(message.c_str(), nullptr);

@@ -2,6 +2,7 @@
 // The part-model database: every PM installed in the data directory, with its
 // family names, key data ("family.key") and base device/package/speed lists.
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -39,11 +40,18 @@ struct PM_RECORD {
     std::shared_ptr<const PM_DEVKEY> keys;  // family.key
     std::vector<PM_DEVICE_RECORD> devices;  // DEVICES, PACKAGES, SPEEDS
 
+    // Positions in `devices` sorted by name, so that finding a device costs
+    // a binary search, not a scan (families may list many thousand devices).
+    // Rebuilt by indexDevices() whenever `devices` changes.
+    std::vector<std::uint32_t> devicesByName;
+    void indexDevices();
+
     const PM_DEVICE_RECORD* findDevice(const std::string& name) const;
+    PM_DEVICE_RECORD* findDevice(const std::string& name);
 };
 
 class PM_DATABASE {
-public:
+  public:
     // The process-wide database, built from BaseSystem::getDataPath() on the
     // first call and kept in _database until someone deletes it.
     static PM_DATABASE* buildMe();
@@ -65,7 +73,7 @@ public:
     std::vector<std::string> installedFamilies() const;
     const std::string& dataPath() const { return m_dataPath; }
 
-private:
+  private:
     std::string m_dataPath;
     std::vector<PM_RECORD> m_pms;
     std::map<std::string, std::size_t> m_byPm;

@@ -11,7 +11,7 @@
 class PM_PIC_HDL;
 
 class PM_DEVKEY {
-public:
+  public:
     // An empty key set.
     PM_DEVKEY() = default;
     // Reads the file at `path`; an unreadable file reads as an empty one.
@@ -31,7 +31,7 @@ public:
     const std::string& path() const { return m_path; }
     std::size_t size() const { return m_values.size(); }
 
-private:
+  private:
     void parse(std::string_view text);
 
     std::string m_path;
@@ -44,7 +44,7 @@ private:
 // empty value have no record; an empty record has no field. With a field
 // separator of 0 the whole non-empty record is its one field.
 class PM_DEVKEY_KEYITER {
-public:
+  public:
     PM_DEVKEY_KEYITER(const PM_DEVKEY* keys, const char* key, char recordSeparator,
                       char fieldSeparator, unsigned char flags = 0);
 
@@ -57,9 +57,18 @@ public:
     // Steps to the next field of the current record.
     void advanceToNextJ();
 
-private:
-    std::vector<std::string> m_records;
-    std::vector<std::vector<std::string>> m_fields;
+  private:
+    // Cuts the current record into its fields.
+    void splitRecord();
+
+    // Every record, trimmed and NUL-terminated, one after the other; a list
+    // of a million names costs its own size and one offset per name.
+    std::string m_records;
+    std::vector<std::size_t> m_recordStarts;
+    // The fields of the current record only, likewise.
+    char m_fieldSeparator = 0;
+    std::string m_fields;
+    std::vector<std::size_t> m_fieldStarts;
     std::size_t m_i = 0;
     std::size_t m_j = 0;
 };

@@ -37,7 +37,8 @@ std::size_t countPieces(std::string_view text, char separator) {
 }  // namespace
 
 PM_DEVKEY_KEYITER::PM_DEVKEY_KEYITER(const PM_DEVKEY* keys, const char* key, char recordSeparator,
-                                     char fieldSeparator, unsigned char /*flags*/) {
+                                     char fieldSeparator, unsigned char /*flags*/)
+    : m_fieldSeparator(fieldSeparator) {
     const char* raw = keys && key ? keys->getkeyeddata(key) : nullptr;
     if (!raw)
         return;
@@ -45,42 +46,49 @@ PM_DEVKEY_KEYITER::PM_DEVKEY_KEYITER(const PM_DEVKEY* keys, const char* key, cha
     if (value.empty())
         return;
 
-    // Sized up front: very long lists would otherwise spend their time
-    // regrowing the vectors.
-    std::size_t recordCount = countPieces(value, recordSeparator);
-    m_records.reserve(recordCount);
-    m_fields.reserve(recordCount);
+    m_records.reserve(value.size() + 1);
+    m_recordStarts.reserve(countPieces(value, recordSeparator));
     forEachPiece(value, recordSeparator, [&](std::string_view piece) {
         std::string_view record = trimBlanksAndTabs(piece);
-        m_records.emplace_back(record);
-        std::vector<std::string>& fields = m_fields.emplace_back();
-        // An empty record is still a record, but one without any field.
-        if (record.empty())
-            return;
-        fields.reserve(countPieces(record, fieldSeparator));
-        forEachPiece(record, fieldSeparator, [&](std::string_view field) {
-            fields.emplace_back(trimBlanksAndTabs(field));
-        });
+        m_recordStarts.push_back(m_records.size());
+        m_records.append(record.data(), record.size());
+        m_records.push_back('\0');
+    });
+    splitRecord();
+}
+
+void PM_DEVKEY_KEYITER::splitRecord() {
+    m_fields.clear();
+    m_fieldStarts.clear();
+    const char* text = record();
+    // An empty record is still a record, but one without any field.
+    if (!text || !*text)
+        return;
+    forEachPiece(text, m_fieldSeparator, [&](std::string_view piece) {
+        std::string_view field = trimBlanksAndTabs(piece);
+        m_fieldStarts.push_back(m_fields.size());
+        m_fields.append(field.data(), field.size());
+        m_fields.push_back('\0');
     });
 }
 
 const char* PM_DEVKEY_KEYITER::record() const {
-    return m_i < m_records.size() ? m_records[m_i].c_str() : nullptr;
+    return m_i < m_recordStarts.size() ? m_records.data() + m_recordStarts[m_i] : nullptr;
 }
 
 const char* PM_DEVKEY_KEYITER::field() const {
-    if (m_i >= m_fields.size() || m_j >= m_fields[m_i].size())
-        return nullptr;
-    return m_fields[m_i][m_j].c_str();
+    return m_j < m_fieldStarts.size() ? m_fields.data() + m_fieldStarts[m_j] : nullptr;
 }
 
 void PM_DEVKEY_KEYITER::setupNextIAndJ() {
-    if (m_i < m_records.size())
+    if (m_i < m_recordStarts.size()) {
         ++m_i;
+        splitRecord();
+    }
     m_j = 0;
 }
 
 void PM_DEVKEY_KEYITER::advanceToNextJ() {
-    if (m_i < m_fields.size() && m_j < m_fields[m_i].size())
+    if (m_j < m_fieldStarts.size())
         ++m_j;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "platform/pm_text.h"
@@ -11,16 +10,18 @@ namespace tarn::vyxpn::util {
 
 namespace {
 
-// Every record of `key`, each as its list of fields.
-std::vector<std::vector<std::string>> readRecords(const PM_DEVKEY& keys, const char* key) {
-    std::vector<std::vector<std::string>> records;
+// Calls `take` with the fields of every record of `key` in turn; one record
+// at a time, so that a long list costs no more than its longest record.
+template <typename Take>
+void forEachRecord(const PM_DEVKEY& keys, const char* key, Take take) {
+    std::vector<std::string> fields;
     PM_DEVKEY_KEYITER it(&keys, key, ':', ',');
     for (; it.record(); it.setupNextIAndJ()) {
-        std::vector<std::string>& fields = records.emplace_back();
+        fields.clear();
         for (; it.field(); it.advanceToNextJ())
             fields.emplace_back(it.field());
+        take(fields);
     }
-    return records;
 }
 
 // The non-empty members of the ','-separated list `key`, first occurrence
@@ -44,47 +45,29 @@ PM_PACKAGE_RECORD* findPackage(PM_DEVICE_RECORD& device, const std::string& name
     return nullptr;
 }
 
-// Device lookup by name for the PACKAGES and SPEEDS records, so that large
-// families do not cost a scan of DEVICES per record.
-class DeviceIndex {
-  public:
-    explicit DeviceIndex(std::vector<PM_DEVICE_RECORD>& devices) : m_devices(devices) {
-        for (std::size_t i = 0; i < devices.size(); ++i)
-            m_index.emplace(devices[i].name, i);
-    }
-    PM_DEVICE_RECORD* find(const std::string& name) const {
-        auto found = m_index.find(name);
-        return found == m_index.end() ? nullptr : &m_devices[found->second];
-    }
-
-  private:
-    std::vector<PM_DEVICE_RECORD>& m_devices;
-    std::unordered_map<std::string, std::size_t> m_index;
-};
-
 // PACKAGES records: device, package, package, ...
-void addPackages(const DeviceIndex& devices, const PM_DEVKEY& keys) {
-    for (const std::vector<std::string>& fields : readRecords(keys, "PACKAGES")) {
+void addPackages(PM_RECORD& record, const PM_DEVKEY& keys) {
+    forEachRecord(keys, "PACKAGES", [&](const std::vector<std::string>& fields) {
         if (fields.empty())
-            continue;
-        PM_DEVICE_RECORD* device = devices.find(fields[0]);
+            return;
+        PM_DEVICE_RECORD* device = record.findDevice(fields[0]);
         if (!device)
-            continue;  // not in DEVICES
+            return;  // not in DEVICES
         for (std::size_t i = 1; i < fields.size(); ++i)
             if (!fields[i].empty() && !findPackage(*device, fields[i]))
                 device->packages.push_back(PM_PACKAGE_RECORD{fields[i], {}});
-    }
+    });
 }
 
 // SPEEDS records: device, package, grade, grade, ...
-void addSpeeds(const DeviceIndex& devices, const PM_DEVKEY& keys) {
-    for (const std::vector<std::string>& fields : readRecords(keys, "SPEEDS")) {
+void addSpeeds(PM_RECORD& record, const PM_DEVKEY& keys) {
+    forEachRecord(keys, "SPEEDS", [&](const std::vector<std::string>& fields) {
         if (fields.size() < 2)
-            continue;
-        PM_DEVICE_RECORD* device = devices.find(fields[0]);
+            return;
+        PM_DEVICE_RECORD* device = record.findDevice(fields[0]);
         PM_PACKAGE_RECORD* package = device ? findPackage(*device, fields[1]) : nullptr;
         if (!package)
-            continue;  // device or package not declared
+            return;  // device or package not declared
         for (std::size_t i = 2; i < fields.size(); ++i) {
             PM_SPEED_RECORD speed = parseSpeedGrade(fields[i]);
             if (speed.grade.empty())
@@ -93,7 +76,7 @@ void addSpeeds(const DeviceIndex& devices, const PM_DEVKEY& keys) {
             if (std::none_of(package->speeds.begin(), package->speeds.end(), same))
                 package->speeds.push_back(std::move(speed));
         }
-    }
+    });
 }
 
 }  // namespace
@@ -115,9 +98,8 @@ PM_SPEED_RECORD parseSpeedGrade(const std::string& text) {
 }
 
 PM_RECORD readPmRecord(const std::string& pm, const std::string& directory,
-                       const std::string& keyFile) {
+                       std::shared_ptr<const PM_DEVKEY> keys) {
     PM_RECORD record;
-    auto keys = std::make_shared<const PM_DEVKEY>(keyFile.c_str());
     record.familyNames = readNameList(*keys, "FAMILY");
     if (record.familyNames.empty())
         return record;
@@ -127,9 +109,9 @@ PM_RECORD readPmRecord(const std::string& pm, const std::string& directory,
     record.familyName = UT_STROBJ(record.familyNames.front());
     for (std::string& name : readNameList(*keys, "DEVICES"))
         record.devices.push_back(PM_DEVICE_RECORD{std::move(name), {}});
-    DeviceIndex devices(record.devices);
-    addPackages(devices, *keys);
-    addSpeeds(devices, *keys);
+    record.indexDevices();
+    addPackages(record, *keys);
+    addSpeeds(record, *keys);
     record.keys = std::move(keys);
     return record;
 }
