@@ -7,6 +7,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "platform/file_writer.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
 #include "platform/ut_trace.h"
@@ -147,12 +148,7 @@ bool PD_SaveBinFile(const PD_DATA& data, const char* path) {
     std::string bytes;
     if (!PD_EncodeBinary(data, bytes))
         return false;
-    std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path, "wb"), &std::fclose);
-    if (!file)
-        return false;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-        return false;
-    return std::fclose(file.release()) == 0;
+    return tarn::vyxpn::platform::writeWholeFile(path, bytes);
 }
 
 // ---- reading ----------------------------------------------------------------

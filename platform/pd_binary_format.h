@@ -48,5 +48,6 @@ bool PD_EncodeBinary(const PD_DATA& data, std::string& bytes);
 bool PD_DecodeBinary(const unsigned char* bytes, std::size_t size, PD_DATA& data,
                      std::string* error = nullptr);
 
-// Writes the binary form to `path`; false when encoding or writing fails.
+// Writes the binary form to `path` with the file writer (a complete file or
+// none); false when encoding or writing fails.
 bool PD_SaveBinFile(const PD_DATA& data, const char* path);

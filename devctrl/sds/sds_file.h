@@ -136,6 +136,9 @@ class TarnSDSFile {
 
     // ---- writer and dump (sds_write.cpp) ----
     void writeSDS(std::string path) const;
+    // The text writeSDS writes, for a caller that writes it elsewhere (to
+    // standard output, say) or wants to know whether the write worked.
+    std::string sdsText() const;
     void printMe() const;
 
     // ---- the tables; public so hosts and tests can read them ----

@@ -2,17 +2,11 @@
 // and a text dump of every table for diagnosis. Both layouts are compared as
 // text by their readers, separators included, so they are kept byte for byte.
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
 #include <iostream>
+#include <sstream>
 
 #include "devctrl/sds/sds_file.h"
+#include "platform/file_writer.h"
 
 namespace tarn::vyxpn {
 
@@ -43,32 +37,11 @@ void writeSupportText(const TarnSDSFile& family, std::ostream& out) {
            "Unix=EDIF\n";
     out << "Format = " << join(family.m_genericDevices.m_items, ",") << "\n\n[Generic Devices]\n";
     for (const auto& [part, values] : family.m_genericDevices.m_datas)
-        out << part << " = " << join(values, ", ") << '\n' << std::flush;
+        out << part << " = " << join(values, ", ") << '\n';
     out << "\n[Device Info]\nFormat = " << join(family.m_deviceInfo.m_items, ", ") << '\n';
     for (const auto& [key, values] : family.m_deviceInfo.m_datas)
-        out << key << " = " << join(values, ", ") << '\n' << std::flush;
+        out << key << " = " << join(values, ", ") << '\n';
     out << '\n';
-}
-
-// Creates an empty file beside `target` that no one else uses, with the
-// permissions a new file would get (or those of the file it will replace).
-std::string reserveTemporaryBeside(const std::string& target) {
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        std::string candidate =
-            target + ".tmp-" + std::to_string(getpid()) + "-" + std::to_string(attempt);
-        int fd = open(candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd < 0) {
-            if (errno == EEXIST)
-                continue;
-            return std::string();
-        }
-        struct stat existing;
-        if (stat(target.c_str(), &existing) == 0 && S_ISREG(existing.st_mode))
-            fchmod(fd, existing.st_mode & 07777);
-        close(fd);
-        return candidate;
-    }
-    return std::string();
 }
 
 void printSection(const TarnSDSFileSection& section, const char* title, const char* formatLabel,
@@ -86,35 +59,18 @@ void printGenerated(const TarnSDSFileSection& section, const char* heading) {
         std::cout << key << " = " << join(values, ", ") << "\n";
 }
 
-// A target that is a symbolic link is written through the link, as opening
-// it would, instead of having the link replaced by a plain file.
-std::string resolveLink(const std::string& path) {
-    struct stat link;
-    if (lstat(path.c_str(), &link) != 0 || !S_ISLNK(link.st_mode))
-        return path;
-    char* resolved = realpath(path.c_str(), nullptr);
-    if (!resolved)
-        return path;
-    std::string target = resolved;
-    free(resolved);
-    return target;
-}
-
 }  // namespace
 
+std::string TarnSDSFile::sdsText() const {
+    std::ostringstream text;
+    writeSupportText(*this, text);
+    return text.str();
+}
+
 void TarnSDSFile::writeSDS(std::string path) const {
-    // The file is written beside the target and moved into place only when
-    // complete, so a failed write never leaves a truncated file behind.
-    path = resolveLink(path);
-    std::string temporary = reserveTemporaryBeside(path);
-    if (temporary.empty())
-        return;
-    std::ofstream out(temporary, std::ios::out | std::ios::trunc | std::ios::binary);
-    if (out)
-        writeSupportText(*this, out);
-    out.close();
-    if (out.fail() || std::rename(temporary.c_str(), path.c_str()) != 0)
-        std::remove(temporary.c_str());
+    // Written whole or not at all; the file writer never replaces a FIFO or
+    // device and keeps the identity of a file that others hold.
+    platform::writeWholeFile(path, sdsText());
 }
 
 void TarnSDSFile::printMe() const {

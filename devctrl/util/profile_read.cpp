@@ -8,6 +8,7 @@
 
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_lines.h"
+#include "platform/data_file.h"
 
 namespace {
 
@@ -62,7 +63,6 @@ class NameList {
         m_buffer[m_length] = '\0';
         return m_length > 0 ? static_cast<unsigned>(m_length - 1) : 0;
     }
-    bool full() const { return m_full; }
 
   private:
     char* m_buffer;
@@ -109,18 +109,19 @@ bool nextEntry(FILE* file, char* line) {
     return false;
 }
 
-// Key list of the current section; the count as for names, 0 when it holds
-// no entries.
-unsigned listKeys(FILE* file, char* buffer, unsigned size, bool* truncated) {
+// Key list of the current section; the count as for names. `any` tells a
+// section without entries from one whose only key is empty (both count 0).
+unsigned listKeys(FILE* file, char* buffer, unsigned size, bool* any) {
     NameList keys(buffer, size);
     char line[kLineSize];
     char key[kLineSize] = "";
+    *any = false;
     while (nextEntry(file, line)) {
+        *any = true;
         entryKey(line, key);
         if (!keys.add(key))
             break;
     }
-    *truncated = keys.full();
     return keys.finish();
 }
 
@@ -181,7 +182,9 @@ unsigned int GetPrivateProfileString(const char* section, const char* key, const
         return 0;
     buffer[0] = '\0';
     // A missing file is not the same as a missing key: no default here.
-    FILE* file = fopen(path, "r");
+    // Opened without blocking: a FIFO or a device in place of the file reads
+    // as a file that cannot be opened.
+    FILE* file = tarn::vyxpn::platform::DataFile(path).releaseAsStream();
     if (!file)
         return 0;
 
@@ -191,9 +194,10 @@ unsigned int GetPrivateProfileString(const char* section, const char* key, const
     } else if (!enterSection(file, section)) {
         result = useDefault(defaultValue, buffer, size);
     } else if (!key) {
-        bool truncated = false;
-        result = listKeys(file, buffer, size, &truncated);
-        if (result == 0 && !truncated)
+        // The default stands in for a section without entries only.
+        bool any = false;
+        result = listKeys(file, buffer, size, &any);
+        if (!any)
             result = useDefault(defaultValue, buffer, size);
     } else if (!findValue(file, key, buffer, size, &result)) {
         result = useDefault(defaultValue, buffer, size);

@@ -1,14 +1,21 @@
 // Setting and deleting keys and sections of an INI file. Every write rewrites
-// the whole file line by line (each line trimmed) into a replacement that is
-// renamed over it, under a lock shared by the writers of its directory.
+// the whole file line by line (each line trimmed) into new content that the
+// file writer puts in place, under a lock shared by the file's writers.
 
-#include <errno.h>
+#include "devctrl/util/profile_write.h"
+
+#include <ctype.h>
+#include <stdlib.h>
 #include <string.h>
 #include <strings.h>
 
+#include <utility>
+
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_lines.h"
-#include "devctrl/util/profile_replace.h"
+#include "devctrl/util/profile_lock.h"
+#include "platform/data_file.h"
+#include "platform/file_writer.h"
 
 namespace {
 
@@ -81,47 +88,103 @@ int rewrite(FILE* in, FILE* out, const char* section, const char* key, const cha
     return result;
 }
 
-int createFile(const std::string& target, const DirectoryLock& lock, const char* section,
-               const char* key, const char* value) {
-    FileReplacement created(target, nullptr);
-    if (!created.file())
-        return 0;
-    fprintf(created.file(), "[%s]\n", section);
-    fprintf(created.file(), "%s=%s\n", key, value);
-    return created.commit(lock.fd()) ? 1 : 0;
+// Reads the old content (if any) and makes the new one in memory; the file
+// is replaced only once the new content is complete.
+bool rewriteIntoMemory(FILE* in, std::string& content, int* result, const char* section,
+                       const char* key, const char* value) {
+    char* buffer = nullptr;
+    size_t size = 0;
+    FILE* out = open_memstream(&buffer, &size);
+    if (!out)
+        return false;
+    if (in) {
+        *result = rewrite(in, out, section, key, value);
+    } else {
+        fprintf(out, "[%s]\n%s=%s\n", section, key, value);
+        *result = 1;
+    }
+    bool made = fclose(out) == 0;
+    if (made)
+        content.assign(buffer, size);
+    free(buffer);
+    return made;
+}
+
+bool isBlankByte(char c) {
+    return isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+bool blankAtAnEnd(const std::string& text) {
+    return !text.empty() && (isBlankByte(text.front()) || isBlankByte(text.back()));
 }
 
 }  // namespace
 
+namespace tarn::vyxpn::util::profile {
+
+WriteOutcome writeProfileString(const char* section, const char* key, const char* value,
+                                const char* path) {
+    WriteOutcome outcome;
+    if (!section || !path) {
+        outcome.error = "cannot write: no section or file given";
+        return outcome;
+    }
+    const std::string target = platform::resolveWriteTarget(path);
+    ProfileLock lock(target);
+
+    platform::DataFile old(target);
+    if (!old.isOpen() && !(old.missing() && key && value)) {
+        // Nothing to change in a file that is not there; anything but a
+        // regular file is never read as the old content.
+        outcome.error = old.failure();
+        return outcome;
+    }
+    FILE* in = old.releaseAsStream();
+    if (old.isOpen() && !in) {
+        outcome.error = "cannot read " + target;
+        return outcome;
+    }
+    std::string content;
+    bool made = rewriteIntoMemory(in, content, &outcome.result, section, key, value);
+    if (in)
+        fclose(in);
+    if (!made) {
+        outcome.error = "cannot write " + std::string(path) + ": out of memory";
+        return outcome;
+    }
+    // A failed write leaves the file as it was; the result still tells what
+    // the rewrite found.
+    outcome.written = platform::writeWholeFile(target, content, &outcome.error);
+    return outcome;
+}
+
+std::string entryProblem(const std::string& section, const std::string& key,
+                         const std::string& value) {
+    const std::string limit =
+        "longer than the " + std::to_string(kLongestLine) + " characters an INI line may hold";
+    for (const auto& [what, text] : {std::pair<const char*, const std::string&>{"section", section},
+                                     {"key", key},
+                                     {"value", value}}) {
+        if (text.find('\0') != std::string::npos)
+            return std::string("the ") + what + " must not contain a NUL byte";
+        if (text.find_first_of("\n\r") != std::string::npos)
+            return std::string("the ") + what + " must not contain a line break";
+        if (blankAtAnEnd(text))
+            return std::string("the ") + what + " must not begin or end with a blank";
+    }
+    if (section.size() + 2 > kLongestLine)
+        return "the section header would be " + limit;
+    if (key.size() + 1 + value.size() > kLongestLine)
+        return "the line " + key + "=... would be " + limit;
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front())
+        return "the value would read back without its enclosing quotes";
+    return std::string();
+}
+
+}  // namespace tarn::vyxpn::util::profile
+
 extern "C" int WritePrivateProfileString(const char* section, const char* key, const char* value,
                                          const char* path) {
-    if (!section || !path)
-        return 0;
-    const std::string target = resolveTarget(path);
-    DirectoryLock lock(directoryOf(target));
-
-    // Opened for update although it is only read: a file we may not write is
-    // left alone.
-    FILE* in = fopen(target.c_str(), "r+");
-    if (!in) {
-        if (key && value && errno == ENOENT)
-            return createFile(target, lock, section, key, value);
-        return 0;
-    }
-    struct stat original {};
-    if (fstat(fileno(in), &original) != 0) {
-        fclose(in);
-        return 0;
-    }
-    FileReplacement replacement(target, &original);
-    if (!replacement.file()) {
-        fclose(in);
-        return 0;
-    }
-    int result = rewrite(in, replacement.file(), section, key, value);
-    fclose(in);
-    // A failed replacement leaves the file as it was; the result still tells
-    // what the rewrite found.
-    replacement.commit(lock.fd());
-    return result;
+    return tarn::vyxpn::util::profile::writeProfileString(section, key, value, path).result;
 }

@@ -5,18 +5,19 @@
 #include <errno.h>
 #include <string.h>
 #include <strings.h>
-#include <sys/stat.h>
 
 #include <cstdio>
 #include <vector>
 
 #include "command.h"
 #include "devctrl/util/profile.h"
+#include "devctrl/util/profile_write.h"
 
 namespace devctrl_tool {
 namespace {
 
 using StringList = std::vector<std::string>;
+namespace profile = tarn::vyxpn::util::profile;
 
 // Lists and values are read into buffers far larger than any line can be.
 constexpr unsigned kBufferSize = 64 * 1024;
@@ -90,14 +91,8 @@ bool lookup(const std::string& file, const std::string& section, const std::stri
     return true;
 }
 
-// Text that would break the line structure of the file is refused.
-void requireSafe(const std::string& what, const std::string& text) {
-    if (text.find_first_of("\n\r") != std::string::npos)
-        throw ToolError(what + " must not contain a line break");
-}
-
-void requireSafeKey(const std::string& key) {
-    requireSafe("the key", key);
+// A key the file could not hold as a key of its own.
+void requireUsableKey(const std::string& key) {
     if (key.empty())
         throw ToolError("the key must not be empty");
     if (key.find('=') != std::string::npos)
@@ -106,34 +101,20 @@ void requireSafeKey(const std::string& key) {
         throw ToolError("the key must not start with '[' or ';'");
 }
 
-void requireSafeSection(const std::string& section) {
-    requireSafe("the section", section);
+// What the file would not give back exactly is refused before writing.
+void requireReadsBack(const std::string& section, const std::string& key,
+                      const std::string& value) {
     if (section.empty())
         throw ToolError("the section must not be empty");
+    requireUsableKey(key);
+    std::string problem = profile::entryProblem(section, key, value);
+    if (!problem.empty())
+        throw ToolError(problem);
 }
 
-struct FileId {
-    bool exists = false;
-    dev_t device = 0;
-    ino_t inode = 0;
-};
-
-FileId idOf(const std::string& file) {
-    struct stat info {};
-    if (stat(file.c_str(), &info) != 0)
-        return {};
-    return {true, info.st_dev, info.st_ino};
-}
-
-// Every successful write puts a new file in place of the old one, so an
-// unchanged identity means the rewrite failed (the write result alone does
-// not say: it reports what was found, not whether the file was replaced).
-void requireReplaced(const std::string& file, const FileId& before) {
-    FileId after = idOf(file);
-    bool replaced = after.exists && (!before.exists || after.device != before.device ||
-                                     after.inode != before.inode);
-    if (!replaced)
-        throw ToolError("could not write " + file);
+void requireWritten(const profile::WriteOutcome& outcome) {
+    if (!outcome.written)
+        throw ToolError(outcome.error);
 }
 
 class IniCommand : public Command {
@@ -169,7 +150,10 @@ class IniCommand : public Command {
         m_set->add_option("value", m_value, "The new value")->required();
         m_set->footer(
             "A new key goes last in its section, a new section at the end of the file; a "
-            "missing file is created. The file is rewritten with every line trimmed.");
+            "missing file is created. The file is rewritten with every line trimmed. A value "
+            "that would not read back exactly is refused: a line (key=value) longer than " +
+            std::to_string(profile::kLongestLine) +
+            " characters, a line break, blanks at either end, or enclosing quotes.");
 
         m_delete = command.add_subcommand("delete", "Remove a key, or a whole section");
         addFileSectionKey(*m_delete, false);
@@ -227,14 +211,9 @@ class IniCommand : public Command {
     }
 
     int runSet(Context& context) {
-        requireSafeSection(m_section);
-        requireSafeKey(m_key);
-        requireSafe("the value", m_value);
-        FileId before = idOf(m_file);
-        if (!WritePrivateProfileString(m_section.c_str(), m_key.c_str(), m_value.c_str(),
-                                       m_file.c_str()))
-            throw ToolError("could not write " + m_file);
-        requireReplaced(m_file, before);
+        requireReadsBack(m_section, m_key, m_value);
+        requireWritten(profile::writeProfileString(m_section.c_str(), m_key.c_str(),
+                                                   m_value.c_str(), m_file.c_str()));
         reportChange(context, "set", true);
         return 0;
     }
@@ -245,12 +224,10 @@ class IniCommand : public Command {
         bool withKey = m_keyOption->count() > 0;
         if (withKey && !containsNoCase(keysOf(m_file, m_section), m_key))
             throw ToolError("no key " + m_key + " in section [" + m_section + "] of " + m_file);
-        FileId before = idOf(m_file);
-        // The result is not a success flag here: removing the last section of a
+        // The result is not a success flag: removing the last section of a
         // file, or a key of it, reports 0 although the file changed.
-        WritePrivateProfileString(m_section.c_str(), withKey ? m_key.c_str() : nullptr, nullptr,
-                                  m_file.c_str());
-        requireReplaced(m_file, before);
+        requireWritten(profile::writeProfileString(
+            m_section.c_str(), withKey ? m_key.c_str() : nullptr, nullptr, m_file.c_str()));
         reportChange(context, "delete", withKey);
         return 0;
     }

@@ -1,4 +1,5 @@
 #include "command.h"
+#include "output_file.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
@@ -14,7 +15,8 @@ class PwdCompileCommand : public Command {
     }
     void configure(CLI::App& command) override {
         command.add_option("TEXT", m_text, "Part data file in the text form")->required();
-        command.add_option("BINARY", m_binary, "Binary file to write")->required();
+        command.add_option("BINARY", m_binary, "Binary file to write; - for standard output")
+            ->required();
         command.footer(
             "The binary file holds the same sections, entries, columns and cells; "
             "'devctrl pwd-dump' turns it back into text. Lines without '=' are reported and "
@@ -26,8 +28,12 @@ class PwdCompileCommand : public Command {
         PD_DATA data;
         if (!data.LoadTxtFile(m_text.c_str()))
             throw ToolError("cannot read " + m_text);
-        if (!PD_SaveBinFile(data, m_binary.c_str()))
-            throw ToolError("cannot write " + m_binary);
+        std::string bytes;
+        if (!PD_EncodeBinary(data, bytes))
+            throw ToolError("cannot write " + m_binary + ": too large for the binary form");
+        writeOutputFile(m_binary, bytes);
+        if (isStandardOutput(m_binary))
+            return 0;  // the file is the output
         std::size_t rows = 0;
         for (const auto& section : data.GetSectionList())
             if (auto* table = dynamic_cast<const PD_TABLE*>(section.get()))

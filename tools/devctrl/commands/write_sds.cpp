@@ -1,20 +1,11 @@
-#include <sys/stat.h>
-
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
 #include "name_lookup.h"
+#include "output_file.h"
 
 namespace devctrl_tool {
 namespace {
-
-// Identity of the file at a path, to tell whether it was replaced.
-bool fileIdentity(const std::string& path, ino_t& inode) {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0)
-        return false;
-    inode = status.st_ino;
-    return true;
-}
 
 class WriteSdsCommand : public Command {
   public:
@@ -24,22 +15,19 @@ class WriteSdsCommand : public Command {
     }
     void configure(CLI::App& command) override {
         command.add_option("PM", m_pm, "PM code or family name")->required();
-        command.add_option("FILE", m_file, "File to (re)write")->required();
+        command.add_option("FILE", m_file, "File to (re)write; - for standard output")->required();
         command.footer(
             "The file lists the family's generated parts with their columns and its resource "
-            "rows. It is written completely or not at all.");
+            "rows. A regular file is written completely or not at all; a FIFO or terminal is "
+            "written into, never replaced.");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
-        ino_t before = 0;
-        bool existed = fileIdentity(m_file, before);
-        mngr.writeSDS(pm, m_file);
-        // The library says nothing; a successful write always puts a new file
-        // in place, so an unchanged (or still missing) file means failure.
-        ino_t after = 0;
-        if (!fileIdentity(m_file, after) || (existed && after == before))
-            throw ToolError("could not write " + m_file);
+        const tarn::vyxpn::TarnSDSFile* family = mngr.getFamilyFile(pm);
+        if (!family)
+            throw ToolError("PM " + pm + " is not loaded; nothing written to " + m_file);
+        writeOutputFile(m_file, family->sdsText());
         return 0;
     }
 
