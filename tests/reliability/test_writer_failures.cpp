@@ -20,7 +20,7 @@ TEST(WriterFailures, ToolNamesTheFileItCouldNotWriteAndLeavesNothing) {
     const std::string target = dir.file("bd1a00/device.acd/out.sds");
     std::string out, err;
     EXPECT_EQ(runTool("-q --data " + dir.path() + " write-sds bd1a00 " + target, &out, &err), 1);
-    EXPECT_EQ(err, "devctrl: could not write " + target + "\n");
+    EXPECT_EQ(err, "devctrl: cannot write " + target + ": Not a directory\n");
     EXPECT_EQ(listDirectory(dir.file("bd1a00")),
               (std::vector<std::string>{"device.acd", "family.key"}));
     EXPECT_EQ(readFile(dir.file("bd1a00/device.acd")), cleanDeviceAcd());
