@@ -74,7 +74,7 @@ void BM_HostileStartup(benchmark::State& state) {
 }
 
 void hostileArguments(benchmark::internal::Benchmark* benchmark) {
-    for (int shape = 0; shape < 4; ++shape)
+    for (int shape = 0; shape < 5; ++shape)
         for (long count : {25000L, 100000L})
             benchmark->Args({shape, count});
 }

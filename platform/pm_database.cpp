@@ -45,26 +45,53 @@ bool looksLikeFamily(const std::string& directory, const std::string& code) {
 
 }  // namespace
 
+namespace {
+
+// Positions of `records` in the order of their names.
+template <typename Record>
+std::vector<std::uint32_t> sortedByName(const std::vector<Record>& records) {
+    std::vector<std::uint32_t> positions(records.size());
+    for (std::uint32_t i = 0; i < positions.size(); ++i)
+        positions[i] = i;
+    std::sort(positions.begin(), positions.end(),
+              [&](std::uint32_t a, std::uint32_t b) { return records[a].name < records[b].name; });
+    return positions;
+}
+
+// The position of the record named `name`, or -1.
+template <typename Record>
+long findByName(const std::vector<Record>& records, const std::vector<std::uint32_t>& positions,
+                const std::string& name) {
+    auto found = std::lower_bound(
+        positions.begin(), positions.end(), name,
+        [&](std::uint32_t at, const std::string& wanted) { return records[at].name < wanted; });
+    if (found == positions.end() || records[*found].name != name)
+        return -1;
+    return static_cast<long>(*found);
+}
+
+}  // namespace
+
 void PM_RECORD::indexDevices() {
-    devicesByName.resize(devices.size());
-    for (std::uint32_t i = 0; i < devicesByName.size(); ++i)
-        devicesByName[i] = i;
-    std::sort(devicesByName.begin(), devicesByName.end(), [this](std::uint32_t a, std::uint32_t b) {
-        return devices[a].name < devices[b].name;
-    });
+    devicesByName = sortedByName(devices);
 }
 
 PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) {
-    auto found = std::lower_bound(
-        devicesByName.begin(), devicesByName.end(), name,
-        [this](std::uint32_t at, const std::string& wanted) { return devices[at].name < wanted; });
-    if (found == devicesByName.end() || devices[*found].name != name)
-        return nullptr;
-    return &devices[*found];
+    long at = findByName(devices, devicesByName, name);
+    return at < 0 ? nullptr : &devices[static_cast<std::size_t>(at)];
 }
 
 const PM_DEVICE_RECORD* PM_RECORD::findDevice(const std::string& name) const {
     return const_cast<PM_RECORD*>(this)->findDevice(name);
+}
+
+void PM_DEVICE_RECORD::indexPackages() {
+    packagesByName = sortedByName(packages);
+}
+
+const PM_PACKAGE_RECORD* PM_DEVICE_RECORD::findPackage(const std::string& name) const {
+    long at = findByName(packages, packagesByName, name);
+    return at < 0 ? nullptr : &packages[static_cast<std::size_t>(at)];
 }
 
 PM_DATABASE* PM_DATABASE::buildMe() {

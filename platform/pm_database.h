@@ -30,6 +30,11 @@ struct PM_PACKAGE_RECORD {
 struct PM_DEVICE_RECORD {
     std::string name;
     std::vector<PM_PACKAGE_RECORD> packages;
+
+    // Positions in `packages` sorted by name (see PM_RECORD::devicesByName).
+    std::vector<std::uint32_t> packagesByName;
+    void indexPackages();
+    const PM_PACKAGE_RECORD* findPackage(const std::string& name) const;
 };
 
 struct PM_RECORD {

@@ -22,16 +22,6 @@ PM_NAME_DARRAY namesOf(const std::vector<Record>& records) {
     return PM_NAME_DARRAY(std::move(names));
 }
 
-template <typename Record>
-const Record* findNamed(const std::vector<Record>& records, const char* name) {
-    if (!name)
-        return nullptr;
-    for (const Record& record : records)
-        if (record.name == name)
-            return &record;
-    return nullptr;
-}
-
 }  // namespace
 
 // ---- PM_SPEC ----------------------------------------------------------------
@@ -92,8 +82,8 @@ bool PM_DEVPIC::set_device(const char* device) {
 bool PM_DEVPIC::set_package(const char* package) {
     m_package = nullptr;
     m_speed = nullptr;
-    if (m_device)
-        m_package = findNamed(m_device->packages, package);
+    if (m_device && package)
+        m_package = m_device->findPackage(package);
     return m_package != nullptr;
 }
 

@@ -1,7 +1,7 @@
 #include "platform/pm_record_reader.h"
 
-#include <algorithm>
 #include <memory>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "platform/pm_text.h"
@@ -38,15 +38,17 @@ std::vector<std::string> readNameList(const PM_DEVKEY& keys, const char* key) {
     return names;
 }
 
-PM_PACKAGE_RECORD* findPackage(PM_DEVICE_RECORD& device, const std::string& name) {
-    for (PM_PACKAGE_RECORD& package : device.packages)
-        if (package.name == name)
-            return &package;
-    return nullptr;
+// A name within its owner (a device's package, a package's grade), as one
+// hashable key, so that a device with a very long package list or a package
+// with many grades costs no scan per entry.
+std::string ownedName(const void* owner, const std::string& name) {
+    std::string key(reinterpret_cast<const char*>(&owner), sizeof owner);
+    return key + name;
 }
 
 // PACKAGES records: device, package, package, ...
 void addPackages(PM_RECORD& record, const PM_DEVKEY& keys) {
+    std::unordered_set<std::string> known;
     forEachRecord(keys, "PACKAGES", [&](const std::vector<std::string>& fields) {
         if (fields.empty())
             return;
@@ -54,26 +56,31 @@ void addPackages(PM_RECORD& record, const PM_DEVKEY& keys) {
         if (!device)
             return;  // not in DEVICES
         for (std::size_t i = 1; i < fields.size(); ++i)
-            if (!fields[i].empty() && !findPackage(*device, fields[i]))
+            if (!fields[i].empty() && known.insert(ownedName(device, fields[i])).second)
                 device->packages.push_back(PM_PACKAGE_RECORD{fields[i], {}});
     });
 }
 
 // SPEEDS records: device, package, grade, grade, ...
 void addSpeeds(PM_RECORD& record, const PM_DEVKEY& keys) {
+    std::unordered_map<std::string, PM_PACKAGE_RECORD*> packages;
+    for (PM_DEVICE_RECORD& device : record.devices)
+        for (PM_PACKAGE_RECORD& package : device.packages)
+            packages.emplace(ownedName(&device, package.name), &package);
+    std::unordered_set<std::string> known;
     forEachRecord(keys, "SPEEDS", [&](const std::vector<std::string>& fields) {
         if (fields.size() < 2)
             return;
         PM_DEVICE_RECORD* device = record.findDevice(fields[0]);
-        PM_PACKAGE_RECORD* package = device ? findPackage(*device, fields[1]) : nullptr;
-        if (!package)
+        auto found = device ? packages.find(ownedName(device, fields[1])) : packages.end();
+        if (found == packages.end())
             return;  // device or package not declared
+        PM_PACKAGE_RECORD* package = found->second;
         for (std::size_t i = 2; i < fields.size(); ++i) {
             PM_SPEED_RECORD speed = parseSpeedGrade(fields[i]);
             if (speed.grade.empty())
                 continue;
-            auto same = [&](const PM_SPEED_RECORD& s) { return s.grade == speed.grade; };
-            if (std::none_of(package->speeds.begin(), package->speeds.end(), same))
+            if (known.insert(ownedName(package, speed.grade)).second)
                 package->speeds.push_back(std::move(speed));
         }
     });
@@ -108,9 +115,11 @@ PM_RECORD readPmRecord(const std::string& pm, const std::string& directory,
     record.directory = directory;
     record.familyName = UT_STROBJ(record.familyNames.front());
     for (std::string& name : readNameList(*keys, "DEVICES"))
-        record.devices.push_back(PM_DEVICE_RECORD{std::move(name), {}});
+        record.devices.push_back(PM_DEVICE_RECORD{std::move(name), {}, {}});
     record.indexDevices();
     addPackages(record, *keys);
+    for (PM_DEVICE_RECORD& device : record.devices)
+        device.indexPackages();
     addSpeeds(record, *keys);
     record.keys = std::move(keys);
     return record;

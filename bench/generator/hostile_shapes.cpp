@@ -20,6 +20,10 @@ std::string deviceName(std::size_t i) {
     return "HX" + std::to_string(i);
 }
 
+std::string packageName(std::size_t i) {
+    return "P" + std::to_string(i);
+}
+
 // "KEY = item<sep>item..." with `count` items made by `item`, each on a line
 // of its own (continued with '\') or all on one line.
 template <typename Item>
@@ -56,6 +60,12 @@ std::string familyKey(HostileShape shape, std::size_t count) {
         case HostileShape::NoPackages:
             text += listValue("DEVICES", count, ",", false, deviceName);
             break;
+        case HostileShape::ManyPackages:
+            text += "DEVICES = HX1\n";
+            text += "PACKAGES = HX1, " + listValue("", count, ",", true, packageName).substr(3);
+            text += listValue("SPEEDS", count, " :", false,
+                              [](std::size_t i) { return "HX1, " + packageName(i) + ", 6"; });
+            break;
     }
     return text;
 }
@@ -72,6 +82,8 @@ const char* nameOf(HostileShape shape) {
             return "continuations";
         case HostileShape::NoPackages:
             return "no_packages";
+        case HostileShape::ManyPackages:
+            return "many_packages";
     }
     return "";
 }

@@ -14,6 +14,7 @@ enum class HostileShape {
     HugeLine,       // the same family with every list on one physical line
     Continuations,  // a small family plus one value of `count` continuation lines
     NoPackages,     // `count` devices and no PACKAGES or SPEEDS at all
+    ManyPackages,   // one device with `count` packages, each with a grade
 };
 
 const char* nameOf(HostileShape shape);
