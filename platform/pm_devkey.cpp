@@ -147,6 +147,7 @@ const char* PM_DEVKEY::getkeyeddata(const char* key) const {
 }
 
 void PM_DEVKEY::parse(std::string_view text) {
+    TraceFileLimit traceLimit(m_path);
     LineReader lines(text);
     std::string_view line;
     std::string joined;  // only used when a line has continuations
