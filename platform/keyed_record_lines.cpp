@@ -6,6 +6,7 @@
 #include "platform/pm_text.h"
 
 using tarn::vyxpn::util::isBlankOrTab;
+using tarn::vyxpn::util::stripContinuation;
 using tarn::vyxpn::util::trimBlanksAndTabs;
 
 namespace {
@@ -22,18 +23,6 @@ std::vector<std::string> fieldsOf(std::string_view record) {
         fields.emplace_back(trimBlanksAndTabs(record.substr(start, comma - start)));
     fields.emplace_back(trimBlanksAndTabs(record.substr(start)));
     return fields;
-}
-
-// Same rule as the reader: a line continues when its last character that
-// is not a blank or tab is a backslash.
-bool stripContinuation(std::string_view& line) {
-    std::size_t end = line.size();
-    while (end > 0 && isBlankOrTab(line[end - 1]))
-        --end;
-    if (end == 0 || line[end - 1] != '\\')
-        return false;
-    line = line.substr(0, end - 1);
-    return true;
 }
 
 }  // namespace
