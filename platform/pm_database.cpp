@@ -24,6 +24,7 @@
 
 #include "platform/base_settings.h"
 #include "platform/pm_record_reader.h"
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 namespace fs = std::filesystem;
@@ -59,7 +60,8 @@ PM_DATABASE* PM_DATABASE::buildMe() {
         const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");
         std::error_code ignored;
         if (fromEnv && *fromEnv && !fs::exists(path, ignored))
-            diagTrace("data directory does not exist:", path.c_str());
+            diagTrace("data directory does not exist:",
+                      tarn::vyxpn::util::escapedForMessage(path).c_str());
         _database = new PM_DATABASE(path);
     }
     return _database;
@@ -84,8 +86,9 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
         // one that is there but cannot be listed is always worth a line.
         std::error_code ignored;
         if (fs::exists(root, ignored)) {
-            std::string message =
-                "data directory cannot be read: " + root.string() + " (" + error.message() + ")";
+            std::string message = "data directory cannot be read: " +
+                                  tarn::vyxpn::util::escapedForMessage(root.string()) + " (" +
+                                  error.message() + ")";
             diagTrace(message.c_str(), nullptr);
         }
     }
@@ -99,14 +102,16 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
             // Any directory may sit in the data directory; only one that
             // holds a family's other files is a family missing its key data.
             if (looksLikeFamily(directory, code)) {
-                std::string message = keyFile + ": missing; family directory skipped";
+                std::string message = tarn::vyxpn::util::escapedForMessage(keyFile) +
+                                      ": missing; family directory skipped";
                 diagTrace(message.c_str(), nullptr);
             }
             continue;
         }
         PM_RECORD record = tarn::vyxpn::util::readPmRecord(code, directory, keyFile);
         if (record.familyNames.empty()) {
-            std::string message = keyFile + ": no FAMILY name; family directory skipped";
+            std::string message = tarn::vyxpn::util::escapedForMessage(keyFile) +
+                                  ": no FAMILY name; family directory skipped";
             diagTrace(message.c_str(), nullptr);
             continue;  // not an installed PM
         }

@@ -4,6 +4,7 @@
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "platform/pm_database.h"
 #include "platform/ut_trace.h"
 
@@ -78,7 +79,10 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
         invalidateIndexes();
         return true;
     }
-    diagTrace(("TarnDeviceMngr failed to load " + pm + " device information.").c_str(), nullptr);
+    diagTrace(
+        ("TarnDeviceMngr failed to load " + util::escapedForMessage(pm) + " device information.")
+            .c_str(),
+        nullptr);
     return false;
 }
 

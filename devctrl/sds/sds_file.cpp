@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QString>
 
+#include "devctrl/util/quote.h"
 #include "platform/pm_pic.h"
 #include "platform/ut_trace.h"
 
@@ -63,7 +64,8 @@ std::string partDataDirectory(const std::string& partDataPath) {
 bool TarnSDSFile::init() {
     resetAll();
     if (!loadDeviceAcd()) {
-        diagTrace(("Failed to load device.acd of " + m_pm).c_str(), nullptr);
+        diagTrace(("Failed to load device.acd of " + util::escapedForMessage(m_pm)).c_str(),
+                  nullptr);
         return false;
     }
 
@@ -77,7 +79,8 @@ bool TarnSDSFile::init() {
     if (!partDataPath.empty()) {
         std::string directory = partDataDirectory(partDataPath);
         if (loadPWD_Bin(m_pm, directory.c_str(), m_resourceItems) != 0)
-            diagTrace(("Failed to load pdb file of " + m_pm).c_str(), nullptr);
+            diagTrace(("Failed to load pdb file of " + util::escapedForMessage(m_pm)).c_str(),
+                      nullptr);
     }
 
     buildDatabase();

@@ -11,6 +11,7 @@
 #include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
+#include "devctrl/util/quote.h"
 #include "progress_line.h"
 
 namespace devctrl_tool {
@@ -158,7 +159,7 @@ int main(int argc, char** argv) {
                 near.consider(command->name());
             std::cerr << "devctrl: " << unknownNameMessage("command", unknown, near.best());
         } else {
-            std::cerr << "devctrl: " << e.what();
+            std::cerr << "devctrl: " << tarn::vyxpn::util::escapedForMessage(e.what());
         }
         std::cerr << " (see '" << help << " --help')\n";
         return 2;
@@ -183,8 +184,12 @@ int main(int argc, char** argv) {
     } catch (const std::exception& e) {
         // A range error from rows shorter than their columns, or anything
         // else the data provoked: one line that says where to look.
-        std::cerr << "devctrl: " << (context.subject.empty() ? "" : context.subject + ": ")
-                  << "error in the installed data: " << e.what() << '\n';
+        std::cerr << "devctrl: "
+                  << (context.subject.empty()
+                          ? ""
+                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ")
+                  << "error in the installed data: "
+                  << tarn::vyxpn::util::escapedForMessage(e.what()) << '\n';
         return 3;
     }
     return 0;

@@ -1,5 +1,6 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -14,7 +15,8 @@ class FamilyOfCommand : public Command {
     int run(Context& context) override {
         std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(m_pm);
         if (family.empty())
-            throw ToolError("unknown PM '" + m_pm + "' (see 'devctrl pms')");
+            throw ToolError("unknown PM " + tarn::vyxpn::util::quotedForMessage(m_pm) +
+                            " (see 'devctrl pms')");
         context.out.value(family);
         return 0;
     }

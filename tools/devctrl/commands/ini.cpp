@@ -12,6 +12,7 @@
 
 #include "command.h"
 #include "devctrl/util/profile.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -28,7 +29,8 @@ const char* kMatchingFooter =
 void requireReadable(const std::string& file) {
     FILE* probe = fopen(file.c_str(), "r");
     if (!probe)
-        throw ToolError("cannot read " + file + ": " + strerror(errno));
+        throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(file) + ": " +
+                        strerror(errno));
     fclose(probe);
 }
 
@@ -66,7 +68,8 @@ bool containsNoCase(const StringList& list, const std::string& name) {
 
 void requireSection(const std::string& file, const std::string& section) {
     if (!containsNoCase(sectionsOf(file), section))
-        throw ToolError("no section [" + section + "] in " + file);
+        throw ToolError("no section [" + tarn::vyxpn::util::escapedForMessage(section) + "] in " +
+                        tarn::vyxpn::util::escapedForMessage(file));
 }
 
 std::string readWithDefault(const std::string& file, const std::string& section,
@@ -133,7 +136,7 @@ void requireReplaced(const std::string& file, const FileId& before) {
     bool replaced = after.exists && (!before.exists || after.device != before.device ||
                                      after.inode != before.inode);
     if (!replaced)
-        throw ToolError("could not write " + file);
+        throw ToolError("could not write " + tarn::vyxpn::util::escapedForMessage(file));
 }
 
 class IniCommand : public Command {
@@ -206,8 +209,11 @@ class IniCommand : public Command {
             value = readWithDefault(m_file, m_section, m_key, m_default.c_str());
         } else if (!lookup(m_file, m_section, m_key, &value)) {
             if (!containsNoCase(sectionsOf(m_file), m_section))
-                throw ToolError("no section [" + m_section + "] in " + m_file);
-            throw ToolError("no key " + m_key + " in section [" + m_section + "] of " + m_file);
+                throw ToolError("no section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                                "] in " + tarn::vyxpn::util::escapedForMessage(m_file));
+            throw ToolError("no key " + tarn::vyxpn::util::escapedForMessage(m_key) +
+                            " in section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                            "] of " + tarn::vyxpn::util::escapedForMessage(m_file));
         }
         context.out.value(value);
         return 0;
@@ -233,7 +239,7 @@ class IniCommand : public Command {
         FileId before = idOf(m_file);
         if (!WritePrivateProfileString(m_section.c_str(), m_key.c_str(), m_value.c_str(),
                                        m_file.c_str()))
-            throw ToolError("could not write " + m_file);
+            throw ToolError("could not write " + tarn::vyxpn::util::escapedForMessage(m_file));
         requireReplaced(m_file, before);
         reportChange(context, "set", true);
         return 0;
@@ -244,7 +250,9 @@ class IniCommand : public Command {
         requireSection(m_file, m_section);
         bool withKey = m_keyOption->count() > 0;
         if (withKey && !containsNoCase(keysOf(m_file, m_section), m_key))
-            throw ToolError("no key " + m_key + " in section [" + m_section + "] of " + m_file);
+            throw ToolError("no key " + tarn::vyxpn::util::escapedForMessage(m_key) +
+                            " in section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                            "] of " + tarn::vyxpn::util::escapedForMessage(m_file));
         FileId before = idOf(m_file);
         // The result is not a success flag here: removing the last section of a
         // file, or a key of it, reports 0 although the file changed.

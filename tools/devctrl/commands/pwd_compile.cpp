@@ -1,4 +1,5 @@
 #include "command.h"
+#include "devctrl/util/quote.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
@@ -22,12 +23,13 @@ class PwdCompileCommand : public Command {
     }
     int run(Context& context) override {
         if (PD_UTIL::IsBinaryFile(m_text.c_str()))
-            throw ToolError(m_text + " is in the binary form already");
+            throw ToolError(tarn::vyxpn::util::escapedForMessage(m_text) +
+                            " is in the binary form already");
         PD_DATA data;
         if (!data.LoadTxtFile(m_text.c_str()))
-            throw ToolError("cannot read " + m_text);
+            throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(m_text));
         if (!PD_SaveBinFile(data, m_binary.c_str()))
-            throw ToolError("cannot write " + m_binary);
+            throw ToolError("cannot write " + tarn::vyxpn::util::escapedForMessage(m_binary));
         std::size_t rows = 0;
         for (const auto& section : data.GetSectionList())
             if (auto* table = dynamic_cast<const PD_TABLE*>(section.get()))

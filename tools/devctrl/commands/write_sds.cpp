@@ -2,6 +2,7 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 #include "name_lookup.h"
 
 namespace devctrl_tool {
@@ -39,7 +40,7 @@ class WriteSdsCommand : public Command {
         // in place, so an unchanged (or still missing) file means failure.
         ino_t after = 0;
         if (!fileIdentity(m_file, after) || (existed && after == before))
-            throw ToolError("could not write " + m_file);
+            throw ToolError("could not write " + tarn::vyxpn::util::escapedForMessage(m_file));
         return 0;
     }
 
