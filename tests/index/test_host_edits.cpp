@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 
+#include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "sds/selection_fixture.h"
 
@@ -18,8 +19,7 @@ using ref::Cells;
 
 namespace {
 
-const std::pair<bool, bool> kFilters[] = {
-    {false, false}, {true, false}, {false, true}, {true, true}};
+const auto& kFilters = devctrl_test::kFilterSettings;
 
 // What a call gave, or that it threw: the walk throws on a row too short for
 // a column, and so must the library.
@@ -32,20 +32,6 @@ std::string outcome(const std::function<Strings()>& call) {
     } catch (const std::exception&) {
         return "<throws>";
     }
-}
-
-Strings listOf(const TarnSDSFile& file, PartListKind kind, const Cells& c, bool obsolete,
-               bool asc) {
-    Strings list{"stale"};
-    if (kind == PartListKind::Devices)
-        file.getDevices(list, obsolete, asc);
-    else if (kind == PartListKind::Packages)
-        file.getPackages(c[0], list, obsolete, asc);
-    else if (kind == PartListKind::Speeds)
-        file.getSpeeds(c[0], c[1], list, obsolete, asc);
-    else
-        file.getOperations(c[0], c[1], c[2], list, obsolete, asc);
-    return list;
 }
 
 // The walk, and what the library does when the part table lacks a column
@@ -119,7 +105,8 @@ Strings answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
                     out.push_back(pm + " list " + std::to_string(k) + " " + c[0] + c[1] + c[2] +
                                   filters + ": " + outcome([&, f = file]() -> Strings {
                                       return walk ? walkList(*f, kind, c, obsolete, asc)
-                                                  : listOf(*f, kind, c, obsolete, asc);
+                                                  : devctrl_test::libraryList(*f, kind, c, obsolete,
+                                                                              asc);
                                   }));
                 }
             }
