@@ -49,6 +49,7 @@ std::string headerName(const std::string& line) {
 }  // namespace
 
 bool PD_DATA::LoadTxtString(const std::string& text, const char* sourceName) {
+    TraceFileLimit traceLimit(sourceName ? sourceName : "<text>");
     Clear();
     PD_STRING_POOL& strings = *m_pool;
     PD_SECTION* section = nullptr;

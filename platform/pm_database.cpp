@@ -18,6 +18,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -117,6 +118,27 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
         }
         m_byPm.emplace(code, m_pms.size());
         m_pms.push_back(std::move(record));
+    }
+    traceSharedFamilyNames();
+}
+
+void PM_DATABASE::traceSharedFamilyNames() const {
+    // A family name selects the first PM (in PM order) that lists it; a later
+    // PM naming it too is never reached through it, which is worth a line.
+    std::map<std::string, const PM_RECORD*> owners;  // folded name -> first PM
+    for (const PM_RECORD& record : m_pms) {
+        for (const std::string& name : record.familyNames) {
+            std::string folded = name;
+            for (char& c : folded)
+                c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+            auto [owner, first] = owners.emplace(folded, &record);
+            if (first || owner->second == &record)
+                continue;
+            const std::string message = record.directory + "/family.key: FAMILY " + name +
+                                        " is already the family of " + owner->second->pm + " (" +
+                                        owner->second->directory + "/family.key), which keeps it";
+            diagTrace(message.c_str(), nullptr);
+        }
     }
 }
 

@@ -66,6 +66,8 @@ public:
     const std::string& dataPath() const { return m_dataPath; }
 
 private:
+    void traceSharedFamilyNames() const;
+
     std::string m_dataPath;
     std::vector<PM_RECORD> m_pms;
     std::map<std::string, std::size_t> m_byPm;

@@ -25,7 +25,7 @@
 #include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
-using tarn::vyxpn::util::isBlankOrTab;
+using tarn::vyxpn::util::stripContinuation;
 using tarn::vyxpn::util::trimBlanksAndTabs;
 
 namespace {
@@ -99,19 +99,6 @@ class LineReader {
     std::size_t m_firstNulLine = 0;
 };
 
-// A line continues on the next one when its last character that is not a
-// blank or tab is a backslash; trailing blanks after it are forgiven because
-// they are invisible in an editor. Strips the backslash (and what follows).
-bool stripContinuation(std::string_view& line) {
-    std::size_t end = line.size();
-    while (end > 0 && isBlankOrTab(line[end - 1]))
-        --end;
-    if (end == 0 || line[end - 1] != '\\')
-        return false;
-    line = line.substr(0, end - 1);
-    return true;
-}
-
 }  // namespace
 
 PM_DEVKEY::PM_DEVKEY(const char* path, unsigned char /*flags*/) {
@@ -148,6 +135,7 @@ const char* PM_DEVKEY::getkeyeddata(const char* key) const {
 }
 
 void PM_DEVKEY::parse(std::string_view text) {
+    TraceFileLimit traceLimit(m_path);
     LineReader lines(text);
     std::string_view line;
     std::string joined;  // only used when a line has continuations

@@ -20,4 +20,18 @@ inline std::string_view trimBlanksAndTabs(std::string_view text) {
     return text.substr(begin, end - begin);
 }
 
+// A line of a keyed data file continues on the next one when its last
+// character that is not a blank or tab is a backslash; trailing blanks after
+// it are forgiven because they are invisible in an editor. Strips the
+// backslash (and what follows).
+inline bool stripContinuation(std::string_view& line) {
+    std::size_t end = line.size();
+    while (end > 0 && isBlankOrTab(line[end - 1]))
+        --end;
+    if (end == 0 || line[end - 1] != '\\')
+        return false;
+    line = line.substr(0, end - 1);
+    return true;
+}
+
 }  // namespace tarn::vyxpn::util

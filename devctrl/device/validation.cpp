@@ -18,23 +18,8 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
         return false;
     }
 
-    // A part without linkable-type data simply allows no external chip.
-    StringList linkable;
-    getSupportedASCs(part, linkable);
-    for (const auto& [asc, count] : dev.getAscMap()) {
-        if (std::find(linkable.begin(), linkable.end(), asc) == linkable.end()) {
-            message = "ASC chip " + util::quotedForMessage(asc) +
-                      " is invalid or unsupported ASC chip for device " +
-                      util::quotedForMessage(part);
-            return false;
-        }
-        if (count < 0) {
-            message = "Invalid number '" + util::toString<int>(count) + "' for using ASC chip " +
-                      util::quotedForMessage(asc);
-            return false;
-        }
-    }
-
+    if (!checkLinkedASCs(dev, message))
+        return false;
     if (!dev.useASC())
         return true;
 
@@ -52,6 +37,27 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
     message = "Total external linked ASC chips number " + util::toString<int>(allowedExternal) +
               " for device " + util::quotedForMessage(part) + " will be exceeded";
     return false;
+}
+
+bool TarnDeviceMngr::checkLinkedASCs(const TarnDeviceObj& dev, std::string& message) {
+    const std::string& part = dev.m_part;
+    // A part without linkable-type data simply allows no external chip.
+    StringList linkable;
+    getSupportedASCs(part, linkable);
+    for (const auto& [asc, count] : dev.getAscMap()) {
+        if (std::find(linkable.begin(), linkable.end(), asc) == linkable.end()) {
+            message = "ASC chip " + util::quotedForMessage(asc) +
+                      " is invalid or unsupported ASC chip for device " +
+                      util::quotedForMessage(part);
+            return false;
+        }
+        if (count < 0) {
+            message = "Invalid number '" + util::toString<int>(count) + "' for using ASC chip " +
+                      util::quotedForMessage(asc);
+            return false;
+        }
+    }
+    return true;
 }
 
 int TarnDeviceMngr::checkDevice(const std::string& name, std::string& newName) {

@@ -5,11 +5,13 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
 
 class PM_DEVKEY;
@@ -30,8 +32,34 @@ class TarnDeviceMngr {
     TarnDeviceMngr& operator=(const TarnDeviceMngr&) = delete;
 
     // ---- lifecycle and family catalogue (mngr_lifecycle.cpp, mngr_catalogue.cpp) ----
+    // What loading does with a family whose data raise DataError (a negative
+    // PKGIndex, a listed part without condition) while it is built.
+    enum class BrokenFamilies {
+        Raise,  // the error leaves init() and getInstance(): the designed default
+        Skip,   // the family stays unloaded, the error is kept in loadFailures()
+    };
+    // The one manager, created and loaded by the first call. Any later call
+    // returns it, whatever `broken` says.
+    //
+    // When loading raises (BrokenFamilies::Raise and bad data), the manager
+    // is destroyed again and the error passes on: no manager is left behind,
+    // m_pMngr is null, and the next getInstance() loads the installation
+    // afresh; with the data still broken it raises the same error again. A
+    // host therefore never gets a silently empty or half-loaded manager.
     static TarnDeviceMngr* getInstance();
+    static TarnDeviceMngr* getInstance(BrokenFamilies broken);
+    // Loads every installed family again. With BrokenFamilies::Raise an
+    // error leaves the families loaded before the broken one in place.
     void init();
+    void init(BrokenFamilies broken);
+    // The families the last init() left out under BrokenFamilies::Skip, in
+    // load order: each error names its PM, file, key and record.
+    const std::vector<DataError>& loadFailures() const { return m_loadFailures; }
+    // Whether the last init() found `pm` switched off on purpose: its device
+    // table file sets PM_ENABLE to something other than true. Such a family
+    // is not loaded (and traced as any load failure is), but it is
+    // configuration, not damage.
+    bool isSwitchedOff(const std::string& pm) const { return m_switchedOff.count(pm) != 0; }
     void reset();
     bool loadDeviceInfo(const std::string& pm, bool reload);
 
@@ -117,6 +145,10 @@ class TarnDeviceMngr {
 
     // ---- validation (device/validation.cpp) ----
     bool isValid(const TarnDeviceObj& dev, std::string& message);
+    // The first checks of isValid alone: every linked chip is one the part
+    // may link, with a count that is not negative. False with isValid's
+    // message otherwise. The part must be known.
+    bool checkLinkedASCs(const TarnDeviceObj& dev, std::string& message);
     // The results of checkDevice (it returns them as int; 2 is never given).
     enum DeviceCheck : int {
         DeviceCheckValid = 0,    // the name stands as it is
@@ -184,6 +216,9 @@ class TarnDeviceMngr {
     // m_familyFiles order; none until a query needs them.
     std::optional<std::vector<FamilyTablesStamp>> m_tableStamps;
     bool m_loadCancelled = false;
+    BrokenFamilies m_broken = BrokenFamilies::Raise;
+    std::vector<DataError> m_loadFailures;
+    std::set<std::string> m_switchedOff;
 };
 
 // The ','-separated members of one key; empties `out` and returns the count.

@@ -25,18 +25,44 @@ TarnDeviceMngr::~TarnDeviceMngr() {
 }
 
 TarnDeviceMngr* TarnDeviceMngr::getInstance() {
+    return getInstance(BrokenFamilies::Raise);
+}
+
+TarnDeviceMngr* TarnDeviceMngr::getInstance(BrokenFamilies broken) {
     if (m_pMngr)
         return m_pMngr;
     // Published before loading: a family that asks for the manager while it
     // loads must get this one, not start a second.
     m_pMngr = new TarnDeviceMngr();
-    m_pMngr->init();
+    try {
+        m_pMngr->init(broken);
+    } catch (...) {
+        // A half-loaded manager would answer as if the broken family and
+        // every family after it were not installed: drop it, so the next
+        // call loads again.
+        delete m_pMngr;
+        m_pMngr = nullptr;
+        throw;
+    }
     return m_pMngr;
 }
 
 void TarnDeviceMngr::init() {
+    init(BrokenFamilies::Raise);
+}
+
+void TarnDeviceMngr::init(BrokenFamilies broken) {
     reset();
     m_loadCancelled = false;
+    // Only this load skips broken families; a later loadDeviceInfo() by the
+    // host raises as designed, however this load ends.
+    m_broken = broken;
+    struct Restore {
+        BrokenFamilies& mode;
+        ~Restore() { mode = BrokenFamilies::Raise; }
+    } restore{m_broken};
+    m_loadFailures.clear();
+    m_switchedOff.clear();
     StringList pms;
     baseGetAllPMs(pms);
     // A PM listed under two family names loads twice but is announced once,
@@ -47,7 +73,7 @@ void TarnDeviceMngr::init() {
         if (announced.insert(pm).second && !announceLoad(pm, static_cast<int>(announced.size()),
                                                          static_cast<int>(distinct.size()))) {
             m_loadCancelled = true;
-            return;
+            break;
         }
         ut_guimsg("...");
         loadDeviceInfo(pm, true);
@@ -73,12 +99,26 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
     }
     // Owned until stored: a range error out of bad data must not leak it.
     auto file = std::make_unique<TarnSDSFile>(pm, this);
-    if (file->init()) {
+    bool ready = false;
+    try {
+        ready = file->init();
+    } catch (const std::out_of_range& error) {
+        if (m_broken == BrokenFamilies::Raise)
+            throw;
+        // Handed to the host, which names the family; the other families load.
+        const auto* located = dynamic_cast<const DataError*>(&error);
+        m_loadFailures.push_back(
+            located ? *located : DataError(pm, file->deviceTablePath(), "", "", error.what()));
+        return false;
+    }
+    if (ready) {
         file->m_holder = this;
         m_familyFiles[pm] = file.release();
         invalidateIndexes();
         return true;
     }
+    if (file->switchedOff())
+        m_switchedOff.insert(pm);
     diagTrace(
         ("TarnDeviceMngr failed to load " + util::escapedForMessage(pm) + " device information.")
             .c_str(),

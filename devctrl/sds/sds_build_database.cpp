@@ -4,6 +4,7 @@
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
+#include "platform/ut_trace.h"
 
 namespace tarn::vyxpn {
 
@@ -93,15 +94,29 @@ void appendResourceRow(TarnSDSFile& file, const std::string& device, const std::
 }
 
 // Suffixes of a device and package: the "ES" item cut at '|', with "No"
-// standing for "no suffix". Without the item the suffix is "?".
+// standing for "no suffix". Without the item the suffix is "?" and
+// `missing` is set.
 std::vector<std::string> suffixesOf(const TarnSDSFile& file, const std::string& device,
-                                    const std::string& package) {
-    std::vector<std::string> suffixes =
-        util::split(file.internalGetDevPkgItemValue("ES", device, package, "?"), "|");
+                                    const std::string& package, bool& missing) {
+    bool found = false;
+    const std::string value = file._internalGetDevPkgItemValue(found, "ES", device, package, "");
+    missing = value.empty();
+    std::vector<std::string> suffixes = util::split(missing ? "?" : value, "|");
     for (std::string& suffix : suffixes)
         if (util::toLower(suffix) == "no")
             suffix.clear();
     return suffixes;
+}
+
+// Parts named like ZR4-6Q48C? almost always come from a device table cut
+// short; said once per device and package, naming the file.
+void traceMissingSuffix(const TarnSDSFile& file, const std::string& tablePath,
+                        const std::string& device, const std::string& package,
+                        const std::string& part) {
+    const std::string message = (tablePath.empty() ? "device.acd of " + file.m_pm : tablePath) +
+                                ": no ES value for " + device + ", " + package +
+                                ": its parts are named like " + part;
+    diagTrace(message.c_str(), nullptr);
 }
 
 char conditionCode(char condition) {
@@ -137,6 +152,8 @@ void TarnSDSFile::_buildDatabase_auto() {
 
     CustomItemValues customItems(*this, kAutoColumns.size());
     const std::size_t columnCount = m_genericDevices.m_items.size();
+    const std::string tablePath = deviceTablePath();
+    TraceFileLimit traceLimit(tablePath);
     std::vector<std::string> packages, speeds;
     for (const std::string& device : devices) {
         if (!listedMode && deviceExceptions.count(device))
@@ -145,7 +162,9 @@ void TarnSDSFile::_buildDatabase_auto() {
         for (const std::string& package : packages) {
             if (!listedMode && packageExceptions.count({device, package}))
                 continue;
-            const std::vector<std::string> suffixes = suffixesOf(*this, device, package);
+            bool suffixMissing = false;
+            const std::vector<std::string> suffixes =
+                suffixesOf(*this, device, package, suffixMissing);
             const std::string conditions =
                 internalGetDevPkgItemValue("Condition", device, package, "IC");
             const std::string shortPackage = getShortPackage(device, package);
@@ -168,6 +187,10 @@ void TarnSDSFile::_buildDatabase_auto() {
                         row.push_back(getFullConditionName(condition));
                         row.push_back(suffix);
                         customItems.append(part, row);
+                        if (suffixMissing) {
+                            traceMissingSuffix(*this, tablePath, device, package, part);
+                            suffixMissing = false;
+                        }
                         m_genericDevices.m_datas.insert_or_assign(std::move(part), std::move(row));
                     }
                 }
@@ -207,10 +230,11 @@ void TarnSDSFile::_buildDatabase_opn() {
         const std::string speed = loaded[2];
         const std::string condition = loaded[3];
         const std::string suffix = loaded[4];
+        if (condition.empty())
+            throw dataError("PART_DATAS", part, "no condition");
         std::vector<std::string> row;
         row.reserve(m_genericDevices.m_items.size());
-        row.insert(row.end(),
-                   {device, package, speed, getFullConditionName(condition.at(0)), suffix});
+        row.insert(row.end(), {device, package, speed, getFullConditionName(condition[0]), suffix});
         // The item columns of a listed part name the values after the five
         // fields; drop the fields so lookups by column name line up.
         loaded.erase(loaded.begin(), loaded.begin() + kListedFieldCount);

@@ -61,6 +61,30 @@ std::string partDataDirectory(const std::string& partDataPath) {
 
 }  // namespace
 
+std::string TarnSDSFile::deviceTablePath() const {
+    PM_PIC_HDL family(m_pm.c_str(), nullptr, nullptr);
+    std::string path = family.valid() ? family.directory() + "/device.acd" : std::string();
+    family.kill();
+    return path;
+}
+
+DataError TarnSDSFile::dataError(const std::string& key, const std::string& row,
+                                 const std::string& problem) const {
+    return DataError(m_pm, deviceTablePath(), key, row, problem);
+}
+
+DataError TarnSDSFile::itemError(ItemOrigin origin, const std::string& device,
+                                 const std::string& package, const std::string& problem) const {
+    switch (origin) {
+        case ItemOrigin::Package:
+            return dataError("PACKAGE_DATAS", device + ", " + package, problem);
+        case ItemOrigin::Device:
+            return dataError("DEVICE_DATAS", device, problem);
+        default:
+            return dataError("PM_DATAS", "", problem);
+    }
+}
+
 bool TarnSDSFile::init() {
     resetAll();
     if (!loadDeviceAcd()) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/data_error.h"
 #include "devctrl/sds/item_source.h"
 #include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file_section.h"
@@ -35,9 +36,23 @@ class TarnSDSFile {
     // reset() and the generated tables too.
     void resetAll();
     const std::vector<std::string>& getASCTypes() const { return m_ascTypes; }
+    // The path of the family's own device table file; "" for a PM the
+    // installation does not know (a family built in code).
+    std::string deviceTablePath() const;
+    // The DataError for a bad value of the device table file: `key` and the
+    // record (its leading fields) that hold it.
+    DataError dataError(const std::string& key, const std::string& row,
+                        const std::string& problem) const;
+    // The same for an item read through the device-and-package lookup, from
+    // the table `origin` names.
+    DataError itemError(ItemOrigin origin, const std::string& device, const std::string& package,
+                        const std::string& problem) const;
 
     // ---- device table file (sds_load_acd.cpp) ----
     bool loadDeviceAcd();
+    // Whether the last loadDeviceAcd() failed because PM_ENABLE is written
+    // with a value other than true: a family switched off on purpose.
+    bool switchedOff() const { return m_switchedOff; }
 
     // ---- part data file (sds_load_pwd.cpp) ----
     int loadPWD_Bin(std::string pm, const char* directory,
@@ -175,6 +190,7 @@ class TarnSDSFile {
   private:
     friend class TarnDeviceMngr;
     mutable std::unique_ptr<TarnPartIndex> m_index;
+    bool m_switchedOff = false;
     // The manager holding this family, told of changes too: it need not be
     // the one in m_pDeviceMngr.
     TarnDeviceMngr* m_holder = nullptr;

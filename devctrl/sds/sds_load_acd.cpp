@@ -84,9 +84,12 @@ bool TarnSDSFile::loadDeviceAcd() {
 
     PM_DEVKEY keys("device.acd", family, 1, 0, 0);
 
+    m_switchedOff = false;
     if (std::getenv("TARN_SHOW_ALL_DEVICES") == nullptr) {
         std::string enabled;
-        if (!readSingle(keys, "PM_ENABLE", enabled) || util::toLower(enabled) != "true") {
+        const bool written = readSingle(keys, "PM_ENABLE", enabled);
+        if (!written || util::toLower(enabled) != "true") {
+            m_switchedOff = written;
             family.kill();
             return false;
         }

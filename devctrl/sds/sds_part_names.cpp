@@ -1,6 +1,7 @@
 #include <cctype>
 
 #include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/sds/data_error.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 
@@ -23,9 +24,12 @@ std::string TarnSDSFile::getShortPackage(const std::string& device,
         util::parseString<int>(internalGetDevPkgItemValue("PKGIndex", device, package, "0"));
     if (index >= static_cast<int>(aliases->second.size()))
         return package;
-    // A negative index wraps to a huge position and is refused by at(): bad
-    // data is reported, not papered over.
-    return aliases->second.at(static_cast<std::size_t>(index));
+    // A negative index is bad data: reported with the record that holds it,
+    // not papered over.
+    if (index < 0)
+        throw itemError(locateDevPkgItem("PKGIndex", device, package).origin, device, package,
+                        "PKGIndex " + std::to_string(index) + " is negative");
+    return aliases->second[static_cast<std::size_t>(index)];
 }
 
 std::string TarnSDSFile::createPart(const std::string& device, const std::string& speed,

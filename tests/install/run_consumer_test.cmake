@@ -8,6 +8,8 @@ if(rc)
 endif()
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer
                         -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix
+                        -G ${GENERATOR} -DCMAKE_MAKE_PROGRAM=${MAKE_PROGRAM}
+                        -DCMAKE_CXX_COMPILER=${CXX_COMPILER}
                 RESULT_VARIABLE rc)
 if(rc)
     message(FATAL_ERROR "configuring the consumer failed: ${rc}")

@@ -42,6 +42,8 @@ TEST(ManagerLifecycle, LoadsEveryPmAndDropsTheBrokenOnes) {
     EXPECT_EQ(loaded.begin()->first, "lc1a00");
     EXPECT_EQ(traces.lines(),
               (Strings{dir.file("lc4a00/family.key") + ": missing; family directory skipped",
+                       dir.file("lc1a00/device.acd") +
+                           ": no ES value for D1, QF48: its parts are named like D1-6Q48I?",
                        "Failed to load device.acd of lc2a00",
                        "TarnDeviceMngr failed to load lc2a00 device information.",
                        "Failed to load device.acd of lc3a00",

@@ -32,7 +32,8 @@ struct SmallInstall {
         dir.write("tb1a00/family.key",
                   "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
                   "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
-        dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n");
+        dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n"
+                                       "PACKAGE_ITEMS = ES\nPACKAGE_DATAS = TB4, QF48, No\n");
         dir.write("tb2a00/family.key", "FAMILY = TBOFF\nDEVICES = TB9\n");
         dir.write("tb2a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
         dir.write("pqrndev.lst", "[MIGRATION]\nZR2=ZR2M\n");
@@ -114,7 +115,10 @@ TEST(ToolCommands, SmallInstallation) {
             {"families '--x\ny'", -1, "~--x\\\\ny"},
         });
     std::string out, err;
+    // The disabled family is configuration: its traces only with -v.
     EXPECT_EQ(runTool("--data " + install.dir.path() + " pms --loaded", &out, &err), 0);
+    EXPECT_EQ(err, "");
+    EXPECT_EQ(runTool("-v --data " + install.dir.path() + " pms --loaded", &out, &err), 0);
     EXPECT_EQ(err,
               "devctrl: Failed to load device.acd of tb2a00\n"
               "devctrl: TarnDeviceMngr failed to load tb2a00 device information.\n");

@@ -23,14 +23,15 @@ std::string onTerminal(const std::string& args) {
 TEST(ToolProgress, CountsPmsAndClearsTheLineBeforeTraces) {
     const std::string clear = "\r\033[K";
     const std::string shown =
-        onTerminal("--data " + std::string(DEVCTRL_TEST_SAMPLE_DATA) + " families");
+        onTerminal("-v --data " + std::string(DEVCTRL_TEST_SAMPLE_DATA) + " families");
     // Five PMs, one of them (zr2b00) under two family names.
     for (int i = 1; i <= 5; ++i)
         EXPECT_NE(shown.find("\rdevctrl: loading family " + std::to_string(i) + " of 5" + "\033[K"),
                   std::string::npos)
             << i << ": " << shown;
     EXPECT_EQ(shown.find(" of 6"), std::string::npos) << shown;
-    // zr4x00 (the fourth) is switched off: its two traces, each on its own line.
+    // zr4x00 (the fourth) is switched off: with -v, its two traces, each on
+    // its own line.
     EXPECT_NE(shown.find("4 of 5\033[K" + clear +
                          "devctrl: Failed to load device.acd of zr4x00\r\n"
                          "devctrl: TarnDeviceMngr failed to load zr4x00"),

@@ -31,13 +31,21 @@ class ToolError : public std::runtime_error {
 
 struct Context {
     Output& out;
-    // The loaded manager; created on first call.
+    // The loaded manager; created on first call, after requireData(). A
+    // family whose data are broken is named on standard error and left out;
+    // the others answer.
     tarn::vyxpn::TarnDeviceMngr& mngr();
+    // Throws ToolError (status 3) unless the data directory is a directory
+    // that can be read. Every command that reads the installation calls it,
+    // mngr() included.
+    void requireData();
     // What the command is working on ("part ZR4-6BG100C", "family ZR1 (PM
     // zr1a00)"), named when bad installed data stop it. Set from the
     // command's arguments; a command that walks several families or parts
     // may update it as it goes.
     std::string subject;
+    // -v: also show what the installation switches off on purpose.
+    bool verbose = false;
 };
 
 // The --all and --asc-only flags of the commands that list parts or their

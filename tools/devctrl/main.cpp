@@ -7,11 +7,19 @@
 #include <iostream>
 #include <map>
 
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "checked_stdout.h"
 #include "command.h"
 #include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
 #include "devctrl/util/quote.h"
+#include "platform/base_settings.h"
 #include "progress_line.h"
 
 namespace devctrl_tool {
@@ -25,10 +33,22 @@ std::map<std::string, std::unique_ptr<Command>>& registry() {
 // The family being loaded, for naming it when its data stop the load.
 tarn::vyxpn::LoadProgress loading;
 
+bool verboseLoad = false;
+
+// The traces of a family's load are held until the next family starts: a
+// family switched off on purpose says so only with -v.
+void releaseFamilyTraces() {
+    const auto* mngr = tarn::vyxpn::TarnDeviceMngr::m_pMngr;
+    const bool deliberate = mngr && !loading.pm.empty() && mngr->isSwitchedOff(loading.pm);
+    releaseTraces(verboseLoad || !deliberate);
+}
+
 void installProgress() {
     loading = {};
     tarn::vyxpn::setLoadProgressHandler([](const tarn::vyxpn::LoadProgress& progress) {
+        releaseFamilyTraces();
         loading = progress;
+        holdTraces();
         // Large installations take seconds: say how far along the load is.
         showProgressLine("devctrl: loading family " + std::to_string(progress.index) + " of " +
                          std::to_string(progress.count));
@@ -37,6 +57,7 @@ void installProgress() {
 }
 
 void clearProgress() {
+    releaseFamilyTraces();
     clearProgressLine();
     tarn::vyxpn::setLoadProgressHandler(nullptr);
 }
@@ -85,11 +106,27 @@ std::vector<Command*> CommandRegistry::all() {
     return commands;
 }
 
+void Context::requireData() {
+    const std::string path = BaseSystem::getDataPath().absolutePath().toStdString();
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        throw ToolError("data directory " + path + ": " + std::strerror(errno), 3);
+    if (!S_ISDIR(info.st_mode))
+        throw ToolError("data directory " + path + " is not a directory", 3);
+    DIR* listing = ::opendir(path.c_str());
+    if (!listing)
+        throw ToolError("cannot read data directory " + path + ": " + std::strerror(errno), 3);
+    ::closedir(listing);
+}
+
 tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
-    if (!tarn::vyxpn::TarnDeviceMngr::m_pMngr) {
+    using tarn::vyxpn::TarnDeviceMngr;
+    if (!TarnDeviceMngr::m_pMngr) {
+        requireData();
+        verboseLoad = verbose;
         installProgress();
         try {
-            tarn::vyxpn::TarnDeviceMngr::getInstance();
+            TarnDeviceMngr::getInstance(TarnDeviceMngr::BrokenFamilies::Skip);
         } catch (...) {
             // Bad data of one family stopped the load: that family is what
             // the user must look at, whatever the command was about.
@@ -98,8 +135,21 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
             throw;
         }
         clearProgress();
+        // A broken family is named once; the command answers for the others.
+        for (const tarn::vyxpn::DataError& failure : TarnDeviceMngr::m_pMngr->loadFailures()) {
+            tarn::vyxpn::LoadProgress broken;
+            broken.pm = failure.pm();
+            broken.family = TarnDeviceMngr::basePmToFamily(failure.pm());
+            std::cerr << "devctrl: " << familyLoadedAs(broken) << " not loaded: " << failure.what()
+                      << '\n';
+        }
+        tarn::vyxpn::StringList installed;
+        TarnDeviceMngr::baseGetAllPMs(installed);
+        if (installed.empty())
+            std::cerr << "devctrl: no families installed in "
+                      << BaseSystem::getDataPath().absolutePath().toStdString() << '\n';
     }
-    return *tarn::vyxpn::TarnDeviceMngr::getInstance();
+    return *TarnDeviceMngr::m_pMngr;
 }
 
 // The first argument that is neither an option nor the value of --data: what
@@ -117,7 +167,9 @@ std::string firstWord(int argc, char** argv) {
 
 }  // namespace devctrl_tool
 
-int main(int argc, char** argv) {
+namespace {
+
+int runTool(int argc, char** argv) {
     using namespace devctrl_tool;
     CLI::App app{
         "devctrl: the device catalogue of the tool chain. Lists families, devices, "
@@ -129,12 +181,26 @@ int main(int argc, char** argv) {
     std::string dataDir;
     bool json = false;
     bool quiet = false;
+    bool verbose = false;
     app.add_option("--data", dataDir,
                    "Data directory of the installation to read (overrides DEVCTRL_DATA_DIR; "
                    "default: the sample installation)");
     app.add_flag("--json", json, "Print results as JSON");
     app.add_flag("-q,--quiet", quiet, "Do not print the library's load traces");
-    app.footer("Run 'devctrl COMMAND --help' for a command's arguments.");
+    app.add_flag("-v,--verbose", verbose,
+                 "Also print the load traces of families switched off on purpose "
+                 "(PM_ENABLE not true)");
+    app.footer(
+        "Run 'devctrl COMMAND --help' for a command's arguments.\n\n"
+        "Exit status:\n"
+        "  0  done; the answer is yes\n"
+        "  1  the answer is no (exists, validate, check), a name is unknown, the data\n"
+        "     have problems (check-data), or the output could not be written\n"
+        "  2  the command line is wrong\n"
+        "  3  the installation cannot be read, or its data stopped the command\n"
+        "A family whose data are broken is named on standard error and left out;\n"
+        "the others still answer. A reader that closes the pipe early (| head) ends\n"
+        "devctrl quietly, as a broken pipe ends any command.");
 
     std::map<CLI::App*, Command*> bySubcommand;
     for (Command* command : CommandRegistry::all()) {
@@ -171,6 +237,7 @@ int main(int argc, char** argv) {
 
     Output out(json);
     Context context{out, ""};
+    context.verbose = verbose;
     try {
         for (auto& [sub, command] : bySubcommand) {
             if (!sub->parsed())
@@ -193,4 +260,24 @@ int main(int argc, char** argv) {
         return 3;
     }
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace devctrl_tool;
+    restoreBrokenPipeDefault();
+    // Every answer goes through one checked buffer: an answer cut short by a
+    // write error must not end in a success status.
+    CheckedStdout checked;
+    std::streambuf* previous = std::cout.rdbuf(&checked);
+    int status = runTool(argc, argv);
+    std::cout.rdbuf(previous);
+    const std::string writeError = checked.finish();
+    if (!writeError.empty()) {
+        std::cerr << "devctrl: cannot write the output: " << writeError << '\n';
+        if (status == 0)
+            status = 1;
+    }
+    return status;
 }

@@ -3,6 +3,9 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/ut_trace.h"
 
@@ -10,6 +13,9 @@ namespace devctrl_tool {
 
 namespace {
 bool shown = false;
+bool holding = false;
+std::vector<std::pair<std::string, std::string>> held;  // message, extra ("\1" for none)
+const char* const kNoExtra = "\1";
 }
 
 void showProgressLine(const std::string& text) {
@@ -32,9 +38,27 @@ void installTraceHandler(bool quiet) {
         return;
     }
     setDiagTraceHandler([](const char* message, const char* extra) {
+        if (holding) {
+            held.emplace_back(message ? message : "", extra ? extra : kNoExtra);
+            return;
+        }
         clearProgressLine();
         diagTraceToStderr(message, extra);
     });
+}
+
+void holdTraces() {
+    holding = true;
+}
+
+void releaseTraces(bool print) {
+    holding = false;
+    if (print && !held.empty()) {
+        clearProgressLine();
+        for (const auto& [message, extra] : held)
+            diagTraceToStderr(message.c_str(), extra == kNoExtra ? nullptr : extra.c_str());
+    }
+    held.clear();
 }
 
 }  // namespace devctrl_tool

@@ -14,5 +14,12 @@ void clearProgressLine();
 // Routes the library's trace lines to standard error, each after clearing
 // the progress line; with `quiet`, drops them.
 void installTraceHandler(bool quiet);
+// Keeps the trace lines back from now on, until releaseTraces(): the lines
+// of one family's load are printed only once it is known whether they
+// matter.
+void holdTraces();
+// Prints the lines kept back (or drops them, when `print` is false) and
+// lets later lines through again.
+void releaseTraces(bool print);
 
 }  // namespace devctrl_tool

@@ -13,6 +13,7 @@ class FamilyOfCommand : public Command {
         command.add_option("PM", m_pm, "Part-model code, e.g. zr1a00")->required();
     }
     int run(Context& context) override {
+        context.requireData();
         std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(m_pm);
         if (family.empty())
             throw ToolError("unknown PM " + tarn::vyxpn::util::quotedForMessage(m_pm) +

@@ -21,6 +21,7 @@ class KeyCommand : public Command {
         command.footer("Exit status 1 when the PM is unknown or the key has no value.");
     }
     int run(Context& context) override {
+        context.requireData();
         std::unique_ptr<char, decltype(&std::free)> value(
             tarn::vyxpn::TarnDeviceMngr::getValueByKey(m_pm.c_str(), m_key.c_str()), &std::free);
         if (!value) {

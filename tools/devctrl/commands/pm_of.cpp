@@ -13,6 +13,7 @@ class PmOfCommand : public Command {
         command.add_option("FAMILY", m_family, "Family name, in any letter case")->required();
     }
     int run(Context& context) override {
+        context.requireData();
         std::string pm = tarn::vyxpn::TarnDeviceMngr::baseFamilyToPm(m_family);
         if (pm.empty())
             throw ToolError("unknown family " + tarn::vyxpn::util::quotedForMessage(m_family) +

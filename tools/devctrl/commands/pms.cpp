@@ -19,6 +19,7 @@ class PmsCommand : public Command {
             "listed twice).");
     }
     int run(Context& context) override {
+        context.requireData();
         tarn::vyxpn::StringList pms;
         if (m_loadedOnly) {
             for (const auto& entry : context.mngr().getFamilyFiles())

@@ -20,7 +20,8 @@ class ReportCommand : public Command {
         command.footer(
             "The resource rows of the part's device and package come first, then the sums "
             "of the ASC chip resources, on-board chips and linked chips together. A part "
-            "without on-board ASC stock data reports its device rows only.");
+            "without on-board ASC stock data reports its device rows only. A linked chip that "
+            "the part cannot link is refused with validate's message (exit status 1).");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
@@ -28,6 +29,10 @@ class ReportCommand : public Command {
             throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         tarn::vyxpn::TarnDeviceObj device(m_part);
         device.m_ascList = m_ascs;
+        // A chip the part cannot link has no place in its report.
+        std::string refused;
+        if (!mngr.checkLinkedASCs(device, refused))
+            throw ToolError(refused);
         tarn::vyxpn::KeyValueReport rows;
         bool withAsc = mngr.calcDeviceData(device, rows);
         if (rows.empty() && !withAsc)

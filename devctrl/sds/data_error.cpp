@@ -1,0 +1,32 @@
+#include "devctrl/sds/data_error.h"
+
+namespace tarn::vyxpn {
+
+namespace {
+std::string detailOf(const std::string& key, const std::string& row, const std::string& problem) {
+    std::string text = key;
+    if (!row.empty())
+        text += " record " + row;
+    return (text.empty() ? "" : text + ": ") + problem;
+}
+
+std::string describe(const std::string& pm, const std::string& file, const std::string& key,
+                     const std::string& row, const std::string& problem) {
+    return (file.empty() ? "device.acd of " + pm : file) + ": " + detailOf(key, row, problem);
+}
+}  // namespace
+
+DataError::DataError(std::string pm, std::string file, std::string key, std::string row,
+                     const std::string& problem)
+    : std::out_of_range(describe(pm, file, key, row, problem)),
+      m_pm(std::move(pm)),
+      m_file(std::move(file)),
+      m_key(std::move(key)),
+      m_row(std::move(row)),
+      m_problem(problem) {}
+
+std::string DataError::detail() const {
+    return detailOf(m_key, m_row, m_problem);
+}
+
+}  // namespace tarn::vyxpn
