@@ -32,8 +32,9 @@ struct SmallInstall {
         dir.write("tb1a00/family.key",
                   "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
                   "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
-        dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n"
-                                       "PACKAGE_ITEMS = ES\nPACKAGE_DATAS = TB4, QF48, No\n");
+        dir.write("tb1a00/device.acd",
+                  "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n"
+                  "PACKAGE_ITEMS = ES\nPACKAGE_DATAS = TB4, QF48, No\n");
         dir.write("tb2a00/family.key", "FAMILY = TBOFF\nDEVICES = TB9\n");
         dir.write("tb2a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
         dir.write("pqrndev.lst", "[MIGRATION]\nZR2=ZR2M\n");
@@ -126,12 +127,15 @@ TEST(ToolCommands, SmallInstallation) {
 
 TEST(ToolCommands, NamesFromDataFilesAreEscapedInTraces) {
     SmallInstall install;
-    // A switched-off family whose directory name would clear the screen.
+    // Families whose directory names would clear the screen: one without its
+    // key data, one whose device table holds nothing.
+    install.dir.write("zy\x1b[2J/device.acd", "PM_ENABLE = true\n");
     install.dir.write("zz\x1b[2J/family.key", "FAMILY = ZZ\nDEVICES = ZZ1\n");
-    install.dir.write("zz\x1b[2J/device.acd", "PM_ENABLE = false\n");
+    install.dir.write("zz\x1b[2J/device.acd", "PM_ENABLE = true\n");
     std::string out, err;
     EXPECT_EQ(runTool("--data " + install.dir.path() + " pms --loaded", &out, &err), 0);
     EXPECT_EQ(err.find('\x1b'), std::string::npos) << err;
+    EXPECT_NE(err.find("zy\\x1b[2J/family.key: missing"), std::string::npos) << err;
     EXPECT_NE(err.find("devctrl: Failed to load device.acd of zz\\x1b[2J\n"), std::string::npos)
         << err;
     EXPECT_NE(err.find("devctrl: TarnDeviceMngr failed to load zz\\x1b[2J device information.\n"),
