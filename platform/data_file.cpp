@@ -9,6 +9,7 @@
 #include <mutex>
 #include <set>
 
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 namespace tarn::vyxpn::platform {
@@ -39,20 +40,23 @@ DataFile::DataFile(const std::string& path) : m_path(path) {
         // A socket cannot be opened at all; say what is there instead.
         struct stat info {};
         if (!m_missing && ::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
-            m_failure =
-                "cannot read " + path + ": " + kindOf(info.st_mode) + ", not a regular file";
+            m_failure = "cannot read " + tarn::vyxpn::util::escapedForMessage(path) + ": " +
+                        kindOf(info.st_mode) + ", not a regular file";
         else
-            m_failure = "cannot read " + path + ": " + std::strerror(error);
+            m_failure = "cannot read " + tarn::vyxpn::util::escapedForMessage(path) + ": " +
+                        std::strerror(error);
         return;
     }
     struct stat info {};
     if (::fstat(fd, &info) != 0) {
-        m_failure = "cannot read " + path + ": " + std::strerror(errno);
+        m_failure = "cannot read " + tarn::vyxpn::util::escapedForMessage(path) + ": " +
+                    std::strerror(errno);
         ::close(fd);
         return;
     }
     if (!S_ISREG(info.st_mode)) {
-        m_failure = "cannot read " + path + ": " + kindOf(info.st_mode) + ", not a regular file";
+        m_failure = "cannot read " + tarn::vyxpn::util::escapedForMessage(path) + ": " +
+                    kindOf(info.st_mode) + ", not a regular file";
         ::close(fd);
         return;
     }
@@ -105,7 +109,8 @@ bool DataFile::readAll(std::string& bytes, std::size_t maxSize) {
 }
 
 bool DataFile::readFailed(std::string& bytes) {
-    m_failure = "cannot read " + m_path + ": " + std::strerror(errno);
+    m_failure =
+        "cannot read " + tarn::vyxpn::util::escapedForMessage(m_path) + ": " + std::strerror(errno);
     bytes.clear();
     return false;
 }

@@ -13,6 +13,8 @@
 #include <cstring>
 #include <ctime>
 
+#include "platform/ut_quote.h"
+
 namespace tarn::vyxpn::platform {
 
 namespace {
@@ -37,7 +39,7 @@ class Fd {
 
 bool fail(std::string* error, const std::string& path, const std::string& reason) {
     if (error)
-        *error = "cannot write " + path + ": " + reason;
+        *error = "cannot write " + tarn::vyxpn::util::escapedForMessage(path) + ": " + reason;
     return false;
 }
 

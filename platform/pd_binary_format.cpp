@@ -10,6 +10,7 @@
 #include "platform/file_writer.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 const unsigned char PD_BIN_MAGIC[PD_BIN_MAGIC_SIZE] = {0x89, 'P', 'W', 'D', 0x0D, 0x0A, 0x1A, 0x0A};
@@ -380,14 +381,16 @@ bool PD_DATA::LoadBinFile(const char* path) {
     // caller only learns that loading failed.
     std::string bytes;
     if (!PD_UTIL::ReadWholeFile(path, bytes, PD_BIN_MAX_FILE_SIZE)) {
-        std::string message = std::string(path) + ": part data file cannot be read";
+        std::string message =
+            tarn::vyxpn::util::escapedForMessage(path) + ": part data file cannot be read";
         diagTrace(message.c_str(), nullptr);
         return false;
     }
     std::string why;
     if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(), *this,
                          &why)) {
-        std::string message = std::string(path) + ": damaged part data file (" + why + ")";
+        std::string message =
+            tarn::vyxpn::util::escapedForMessage(path) + ": damaged part data file (" + why + ")";
         diagTrace(message.c_str(), nullptr);
         return false;
     }

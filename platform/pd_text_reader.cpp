@@ -21,6 +21,7 @@
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "platform/pd_util.h"
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 namespace {
@@ -79,9 +80,9 @@ bool PD_DATA::LoadTxtString(const std::string& text, const char* sourceName) {
             continue;
         auto equals = line.find('=');
         if (equals == std::string::npos) {
-            std::string message = std::string(sourceName ? sourceName : "<text>") + ":" +
-                                  std::to_string(lineNumber) +
-                                  ": part data line without '=' skipped";
+            std::string message =
+                tarn::vyxpn::util::escapedForMessage(sourceName ? sourceName : "<text>") + ":" +
+                std::to_string(lineNumber) + ": part data line without '=' skipped";
             diagTrace(message.c_str(), nullptr);
             continue;
         }
@@ -102,9 +103,9 @@ bool PD_DATA::LoadTxtString(const std::string& text, const char* sourceName) {
         }
     }
     if (firstNulLine != 0) {
-        std::string message = std::string(sourceName ? sourceName : "<text>") + ":" +
-                              std::to_string(firstNulLine) +
-                              ": NUL byte; the rest of the line is ignored";
+        std::string message =
+            tarn::vyxpn::util::escapedForMessage(sourceName ? sourceName : "<text>") + ":" +
+            std::to_string(firstNulLine) + ": NUL byte; the rest of the line is ignored";
         diagTrace(message.c_str(), nullptr);
     }
     return true;
@@ -119,7 +120,8 @@ bool PD_DATA::LoadTxtFile(const char* path) {
     // file cut short, not an empty text file. Refused, and said so.
     if (!text.empty() && text.size() < PD_BIN_MAGIC_SIZE &&
         std::memcmp(text.data(), PD_BIN_MAGIC, text.size()) == 0) {
-        std::string message = std::string(path) + ": damaged part data file (cut short)";
+        std::string message =
+            tarn::vyxpn::util::escapedForMessage(path) + ": damaged part data file (cut short)";
         diagTrace(message.c_str(), nullptr);
         return false;
     }

@@ -29,6 +29,7 @@
 #include "platform/base_settings.h"
 #include "platform/data_file.h"
 #include "platform/pm_record_reader.h"
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 namespace fs = std::filesystem;
@@ -102,7 +103,8 @@ PM_DATABASE* PM_DATABASE::buildMe() {
         const char* fromEnv = std::getenv("DEVCTRL_DATA_DIR");
         std::error_code ignored;
         if (fromEnv && *fromEnv && !fs::exists(path, ignored))
-            diagTrace("data directory does not exist:", path.c_str());
+            diagTrace("data directory does not exist:",
+                      tarn::vyxpn::util::escapedForMessage(path).c_str());
         _database = new PM_DATABASE(path);
     }
     return _database;
@@ -127,8 +129,9 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
         // one that is there but cannot be listed is always worth a line.
         std::error_code ignored;
         if (fs::exists(root, ignored)) {
-            std::string message =
-                "data directory cannot be read: " + root.string() + " (" + error.message() + ")";
+            std::string message = "data directory cannot be read: " +
+                                  tarn::vyxpn::util::escapedForMessage(root.string()) + " (" +
+                                  error.message() + ")";
             diagTrace(message.c_str(), nullptr);
         }
     }
@@ -148,7 +151,8 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
                 std::string message = keyData.failure() + "; family directory skipped";
                 diagTrace(message.c_str(), nullptr);
             } else if (looksLikeFamily(directory, code)) {
-                std::string message = keyFile + ": missing; family directory skipped";
+                std::string message = tarn::vyxpn::util::escapedForMessage(keyFile) +
+                                      ": missing; family directory skipped";
                 diagTrace(message.c_str(), nullptr);
             }
             continue;
@@ -156,7 +160,8 @@ PM_DATABASE::PM_DATABASE(const std::string& dataPath) : m_dataPath(dataPath) {
         PM_RECORD record = tarn::vyxpn::util::readPmRecord(
             code, directory, std::make_shared<const PM_DEVKEY>(PM_DEVKEY::fromText(text, keyFile)));
         if (record.familyNames.empty()) {
-            std::string message = keyFile + ": no FAMILY name; family directory skipped";
+            std::string message = tarn::vyxpn::util::escapedForMessage(keyFile) +
+                                  ": no FAMILY name; family directory skipped";
             diagTrace(message.c_str(), nullptr);
             continue;  // not an installed PM
         }
@@ -178,9 +183,13 @@ void PM_DATABASE::traceSharedFamilyNames() const {
             auto [owner, first] = owners.emplace(folded, &record);
             if (first || owner->second == &record)
                 continue;
-            const std::string message = record.directory + "/family.key: FAMILY " + name +
-                                        " is already the family of " + owner->second->pm + " (" +
-                                        owner->second->directory + "/family.key), which keeps it";
+            const std::string message =
+                tarn::vyxpn::util::escapedForMessage(record.directory + "/family.key") +
+                ": FAMILY " + tarn::vyxpn::util::escapedForMessage(name) +
+                " is already the family of " +
+                tarn::vyxpn::util::escapedForMessage(owner->second->pm) + " (" +
+                tarn::vyxpn::util::escapedForMessage(owner->second->directory + "/family.key") +
+                "), which keeps it";
             diagTrace(message.c_str(), nullptr);
         }
     }

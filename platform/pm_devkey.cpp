@@ -17,6 +17,7 @@
 #include "platform/data_file.h"
 #include "platform/pm_pic.h"
 #include "platform/pm_text.h"
+#include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
 
 using tarn::vyxpn::util::stripContinuation;
@@ -137,7 +138,8 @@ void PM_DEVKEY::parse(std::string_view text) {
 
         std::size_t equals = logical.find('=');
         if (equals == std::string_view::npos) {
-            std::string message = m_path + ":" + std::to_string(firstLineNumber) +
+            std::string message = tarn::vyxpn::util::escapedForMessage(m_path) + ":" +
+                                  std::to_string(firstLineNumber) +
                                   ": malformed line skipped (no '=')";
             diagTrace(message.c_str(), nullptr);
             continue;
@@ -148,7 +150,8 @@ void PM_DEVKEY::parse(std::string_view text) {
     }
     // Reported once per file: a file with one stray NUL usually has many.
     if (lines.firstNulLine() != 0) {
-        std::string message = m_path + ":" + std::to_string(lines.firstNulLine()) +
+        std::string message = tarn::vyxpn::util::escapedForMessage(m_path) + ":" +
+                              std::to_string(lines.firstNulLine()) +
                               ": NUL byte; the rest of the line is ignored";
         diagTrace(message.c_str(), nullptr);
     }

@@ -5,6 +5,7 @@
 
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
@@ -13,7 +14,7 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
     const std::string& part = dev.m_part;
     std::string pm, device, package, speed, condition;
     if (!getNameByPart(part, pm, device, package, speed, condition)) {
-        message = part + " is invalid device or not supported";
+        message = util::escapedForMessage(part) + " is invalid device or not supported";
         return false;
     }
 
@@ -26,7 +27,7 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
     // and no capacity is refused too.
     int maxChips = getASCMaxNum(part);
     if (maxChips <= 0) {
-        message = "Can't add external ASC chip for device '" + part + "'.";
+        message = "Can't add external ASC chip for device " + util::quotedForMessage(part) + ".";
         return false;
     }
 
@@ -34,7 +35,7 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
     if (dev.externalTotalAscNumber() <= allowedExternal)
         return true;
     message = "Total external linked ASC chips number " + util::toString<int>(allowedExternal) +
-              " for device '" + part + "' will be exceeded";
+              " for device " + util::quotedForMessage(part) + " will be exceeded";
     return false;
 }
 
@@ -45,13 +46,14 @@ bool TarnDeviceMngr::checkLinkedASCs(const TarnDeviceObj& dev, std::string& mess
     getSupportedASCs(part, linkable);
     for (const auto& [asc, count] : dev.getAscMap()) {
         if (std::find(linkable.begin(), linkable.end(), asc) == linkable.end()) {
-            message = "ASC chip '" + asc + "' is invalid or unsupported ASC chip for device '" +
-                      part + "'";
+            message = "ASC chip " + util::quotedForMessage(asc) +
+                      " is invalid or unsupported ASC chip for device " +
+                      util::quotedForMessage(part);
             return false;
         }
         if (count < 0) {
-            message = "Invalid number '" + util::toString<int>(count) + "' for using ASC chip '" +
-                      asc + "'";
+            message = "Invalid number '" + util::toString<int>(count) + "' for using ASC chip " +
+                      util::quotedForMessage(asc);
             return false;
         }
     }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "devctrl/sds/data_error.h"
+#include "devctrl/sds/table_stamp.h"
 
 class PM_DEVKEY;
 
@@ -163,11 +164,22 @@ class TarnDeviceMngr {
     // ---- indexes (mngr_indexes.cpp) ----
     // Queries keep indexes of the loaded tables, built when first needed and
     // dropped whenever a family is loaded, reloaded, adopted or reset. A host
-    // that edits a loaded family's tables in place calls this afterwards.
+    // may edit a loaded family's public tables between queries: added or
+    // erased rows and cleared or refilled tables are noticed by the next
+    // query; a cell changed in place (a Status, say), a renamed column or a
+    // row replaced by another without changing the count or the first and
+    // last keys are not, and the host calls this afterwards (see
+    // TarnSDSFile::invalidateIndexes). No edit can make a query read freed
+    // memory.
     void invalidateIndexes();
     // Changes whenever the indexes are dropped; cached answers that depend on
     // every loaded family (ASC capacity of a part) compare it.
     std::uint64_t indexGeneration() const { return m_indexGeneration; }
+    // What the queries call first: compares the loaded families' tables (the
+    // part tables alone, or with `everyTable` those that item lookups read
+    // too) with how they looked when the indexes were begun, and drops the
+    // manager's indexes when any changed. Constant time per family.
+    void noticeTableChanges(bool everyTable);
 
     // ---- load progress (load_progress.h) ----
     // Whether the last init() stopped because the progress handler asked it
@@ -179,17 +191,30 @@ class TarnDeviceMngr {
 
   private:
     // The family a part name belongs to: the first, in PM order, whose part
-    // table holds it and has the columns a name lookup reads.
+    // table holds it and has the columns a name lookup reads. Stored without
+    // the row, which a host may erase: the row is looked up by name on use.
     struct PartOwner {
         const std::string* pm;
         const TarnSDSFile* file;
-        const std::vector<std::string>* row;
     };
-    const PartOwner* ownerOf(const std::string& part);
+    struct OwnedRow {
+        const std::string* pm;
+        const TarnSDSFile* file;
+        const std::vector<std::string>* row;  // valid until the tables change
+    };
+    std::optional<OwnedRow> ownerOf(const std::string& part);
+    void buildPartOwners();
+    // Drops what depends on the families' tables, without touching the
+    // families' own indexes (which check their tables themselves).
+    void tablesChanged();
+    void stampTables();
 
     std::map<std::string, TarnSDSFile*> m_familyFiles;
     std::uint64_t m_indexGeneration = 1;
     std::optional<std::unordered_map<std::string, PartOwner>> m_partOwners;
+    // How each loaded family's tables looked when the indexes were begun, in
+    // m_familyFiles order; none until a query needs them.
+    std::optional<std::vector<FamilyTablesStamp>> m_tableStamps;
     bool m_loadCancelled = false;
     BrokenFamilies m_broken = BrokenFamilies::Raise;
     std::vector<DataError> m_loadFailures;

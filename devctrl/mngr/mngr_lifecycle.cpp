@@ -4,6 +4,7 @@
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "platform/pm_database.h"
 #include "platform/ut_trace.h"
 
@@ -118,7 +119,10 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
     }
     if (file->switchedOff())
         m_switchedOff.insert(pm);
-    diagTrace(("TarnDeviceMngr failed to load " + pm + " device information.").c_str(), nullptr);
+    diagTrace(
+        ("TarnDeviceMngr failed to load " + util::escapedForMessage(pm) + " device information.")
+            .c_str(),
+        nullptr);
     return false;
 }
 

@@ -8,7 +8,7 @@ bool TarnDeviceMngr::getNameByPart(const std::string& part, std::string& pm, std
                                    std::string& package, std::string& speed,
                                    std::string& condition) {
     // A name known to two families belongs to the one whose code sorts first.
-    const PartOwner* owner = ownerOf(part);
+    const std::optional<OwnedRow> owner = ownerOf(part);
     std::string d, p, s, c;
     if (!owner || !owner->file->getNameByRow(*owner->row, d, p, s, c))
         return false;

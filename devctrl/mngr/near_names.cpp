@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "devctrl/mngr/comparators.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
@@ -66,11 +67,13 @@ std::vector<std::string> NearNames::best() const {
 std::string unknownNameMessage(const std::string& kind, const std::string& name,
                                const std::vector<std::string>& suggestions,
                                const std::string& where) {
-    std::string message = "unknown " + kind + " '" + name + "'";
+    // Names come from the user and the data files: escaped, so that the
+    // message stays one line and sends nothing to the terminal.
+    std::string message = "unknown " + kind + " " + util::quotedForMessage(name);
     if (!where.empty())
-        message += " in " + where;
+        message += " in " + util::escapedForMessage(where);
     for (std::size_t i = 0; i < suggestions.size(); ++i)
-        message += (i == 0 ? "; did you mean " : ", ") + suggestions[i];
+        message += (i == 0 ? "; did you mean " : ", ") + util::escapedForMessage(suggestions[i]);
     if (!suggestions.empty())
         message += "?";
     return message;

@@ -13,6 +13,7 @@
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/glob_match.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
@@ -153,7 +154,7 @@ bool PartCondition::hasOperator(const std::string& text) {
 }
 
 PartCondition PartCondition::parse(const std::string& expression) {
-    const std::string quoted = "filter '" + expression + "'";
+    const std::string quoted = "filter " + util::quotedForMessage(expression);
     const std::size_t opStart = expression.find_first_of(kOperatorChars);
     if (opStart == std::string::npos)
         throw PartFilterSyntaxError(quoted + " has no operator; " + kOperatorList);

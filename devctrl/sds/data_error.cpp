@@ -1,18 +1,23 @@
 #include "devctrl/sds/data_error.h"
 
+#include "devctrl/util/quote.h"
+
 namespace tarn::vyxpn {
 
 namespace {
 std::string detailOf(const std::string& key, const std::string& row, const std::string& problem) {
-    std::string text = key;
+    // Keys and records come from data files: escaped, so that one error
+    // stays one line.
+    std::string text = util::escapedForMessage(key);
     if (!row.empty())
-        text += " record " + row;
+        text += " record " + util::escapedForMessage(row);
     return (text.empty() ? "" : text + ": ") + problem;
 }
 
 std::string describe(const std::string& pm, const std::string& file, const std::string& key,
                      const std::string& row, const std::string& problem) {
-    return (file.empty() ? "device.acd of " + pm : file) + ": " + detailOf(key, row, problem);
+    return util::escapedForMessage(file.empty() ? "device.acd of " + pm : file) + ": " +
+           detailOf(key, row, problem);
 }
 }  // namespace
 

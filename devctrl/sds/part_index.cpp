@@ -185,32 +185,68 @@ const CachedPartList* TarnPartIndex::find(PartListKind kind, const std::string& 
     return found == byKey.end() ? nullptr : &found->second;
 }
 
+namespace {
+
+struct NameColumns {
+    int device, package, speed, condition;
+    std::size_t rowNeeds() const {
+        return static_cast<std::size_t>(std::max({device, package, speed, condition})) + 1;
+    }
+};
+
+NameColumns nameColumnsOf(const TarnSDSFileSection& table) {
+    return {table.columnOf("Device"), table.columnOf("Package"), table.columnOf("Speed"),
+            table.columnOf("Condition")};
+}
+
+std::string foldedRow(const std::vector<std::string>& row, const NameColumns& c) {
+    return foldedFields(row[c.device], row[c.package], row[c.speed], row[c.condition]);
+}
+
+}  // namespace
+
+void TarnPartIndex::buildPartsByFields() {
+    const TarnSDSFileSection& table = m_file.m_genericDevices;
+    const NameColumns columns = nameColumnsOf(table);
+    const std::size_t rowNeeds = columns.rowNeeds();
+    m_partsByFields.emplace();
+    // Key order decides between parts that differ only in their suffix:
+    // the first one stays.
+    for (const auto& [part, row] : table.m_datas)
+        if (row.size() >= rowNeeds)
+            m_partsByFields->emplace(foldedRow(row, columns), part);
+}
+
+bool TarnPartIndex::rowMatches(const std::string& part, const std::string& foldedKey) const {
+    const TarnSDSFileSection& table = m_file.m_genericDevices;
+    auto row = table.m_datas.find(part);
+    if (row == table.m_datas.end())
+        return false;
+    const NameColumns columns = nameColumnsOf(table);
+    return columns.device >= 0 && columns.package >= 0 && columns.speed >= 0 &&
+           columns.condition >= 0 && row->second.size() >= columns.rowNeeds() &&
+           foldedRow(row->second, columns) == foldedKey;
+}
+
 const std::string* TarnPartIndex::partByFields(const std::string& device,
                                                const std::string& package, const std::string& speed,
                                                const std::string& condition) {
-    if (!m_partsByFields) {
-        const TarnSDSFileSection& table = m_file.m_genericDevices;
-        const int deviceColumn = table.columnOf("Device");
-        const int packageColumn = table.columnOf("Package");
-        const int speedColumn = table.columnOf("Speed");
-        const int conditionColumn = table.columnOf("Condition");
-        const std::size_t rowNeeds =
-            static_cast<std::size_t>(
-                std::max({deviceColumn, packageColumn, speedColumn, conditionColumn})) +
-            1;
-        m_partsByFields.emplace();
-        // Key order decides between parts that differ only in their suffix:
-        // the first one stays.
-        for (const auto& [part, row] : table.m_datas) {
-            if (row.size() < rowNeeds)
-                continue;
-            m_partsByFields->emplace(foldedFields(row[deviceColumn], row[packageColumn],
-                                                  row[speedColumn], row[conditionColumn]),
-                                     &part);
-        }
+    const std::string key = foldedFields(device, package, speed, condition);
+    // The answer is checked against the table: a row edited in place since
+    // the build makes this piece rebuild rather than name a part that no
+    // longer has these cells.
+    for (bool rebuilt = !m_partsByFields;; rebuilt = true) {
+        if (!m_partsByFields)
+            buildPartsByFields();
+        auto found = m_partsByFields->find(key);
+        if (found == m_partsByFields->end())
+            return nullptr;
+        if (rowMatches(found->second, key))
+            return &found->second;
+        if (rebuilt)
+            return nullptr;
+        m_partsByFields.reset();
     }
-    auto found = m_partsByFields->find(foldedFields(device, package, speed, condition));
-    return found == m_partsByFields->end() ? nullptr : found->second;
 }
 
 }  // namespace tarn::vyxpn

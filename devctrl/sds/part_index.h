@@ -14,6 +14,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "devctrl/sds/table_stamp.h"
+
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
@@ -47,9 +49,15 @@ class FilteredPartLists {
 
 // Everything indexed for one family object. Built piece by piece, when a
 // query first needs a piece; the family drops it whenever its tables change.
+// It holds copies and positions, never pointers into the tables, so a table
+// edited behind its back makes it stale at worst, never unsafe.
 class TarnPartIndex {
   public:
-    explicit TarnPartIndex(const TarnSDSFile& file) : m_file(file) {}
+    explicit TarnPartIndex(const TarnSDSFile& file) : m_file(file), m_stamp(file) {}
+
+    // False once the family's tables no longer look as they did when the
+    // index was begun (see FamilyTablesStamp); the family then drops it.
+    bool tablesUnchanged() const { return m_stamp.matches(m_file); }
 
     // The cached list of `kind` for the given cells (unused trailing cells are
     // ignored). Null with `usable` false: walk the table; null with `usable`
@@ -69,7 +77,8 @@ class TarnPartIndex {
 
     // The first part, in key order, whose device, package, speed and
     // condition cells equal the given ones without regard to ASCII case.
-    // Null when none does. The columns must exist.
+    // Null when none does. The columns must exist. A part whose row is gone
+    // or no longer matches is never returned.
     const std::string* partByFields(const std::string& device, const std::string& package,
                                     const std::string& speed, const std::string& condition);
 
@@ -79,10 +88,13 @@ class TarnPartIndex {
   private:
     bool buildObsoleteFlags();
     bool buildAscFlags();
+    void buildPartsByFields();
+    bool rowMatches(const std::string& part, const std::string& foldedKey) const;
     void buildLists(FilteredPartLists& lists, bool withObsolete, bool ascOnly);
     std::uint64_t managerGeneration() const;
 
     const TarnSDSFile& m_file;
+    FamilyTablesStamp m_stamp;
     // Per part in key order; empty until needed. A filter that raised for a
     // part leaves its flags unusable (failed) for good.
     std::vector<bool> m_obsolete;
@@ -94,7 +106,8 @@ class TarnPartIndex {
     bool m_ascFailed = false;
     std::array<std::optional<FilteredPartLists>, 4> m_lists;
     std::array<std::uint64_t, 4> m_listsGeneration{};
-    std::optional<std::unordered_map<std::string, const std::string*>> m_partsByFields;
+    // Folded cells to part name.
+    std::optional<std::unordered_map<std::string, std::string>> m_partsByFields;
 };
 
 }  // namespace tarn::vyxpn

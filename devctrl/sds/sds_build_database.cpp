@@ -3,6 +3,7 @@
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/ut_trace.h"
 
@@ -113,9 +114,11 @@ std::vector<std::string> suffixesOf(const TarnSDSFile& file, const std::string& 
 void traceMissingSuffix(const TarnSDSFile& file, const std::string& tablePath,
                         const std::string& device, const std::string& package,
                         const std::string& part) {
-    const std::string message = (tablePath.empty() ? "device.acd of " + file.m_pm : tablePath) +
-                                ": no ES value for " + device + ", " + package +
-                                ": its parts are named like " + part;
+    const std::string message =
+        util::escapedForMessage(tablePath.empty() ? "device.acd of " + file.m_pm : tablePath) +
+        ": no ES value for " + util::escapedForMessage(device) + ", " +
+        util::escapedForMessage(package) + ": its parts are named like " +
+        util::escapedForMessage(part);
     diagTrace(message.c_str(), nullptr);
 }
 

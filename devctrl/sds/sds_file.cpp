@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QString>
 
+#include "devctrl/util/quote.h"
 #include "platform/pm_pic.h"
 #include "platform/ut_trace.h"
 
@@ -87,7 +88,8 @@ DataError TarnSDSFile::itemError(ItemOrigin origin, const std::string& device,
 bool TarnSDSFile::init() {
     resetAll();
     if (!loadDeviceAcd()) {
-        diagTrace(("Failed to load device.acd of " + m_pm).c_str(), nullptr);
+        diagTrace(("Failed to load device.acd of " + util::escapedForMessage(m_pm)).c_str(),
+                  nullptr);
         return false;
     }
 
@@ -101,7 +103,8 @@ bool TarnSDSFile::init() {
     if (!partDataPath.empty()) {
         std::string directory = partDataDirectory(partDataPath);
         if (loadPWD_Bin(m_pm, directory.c_str(), m_resourceItems) != 0)
-            diagTrace(("Failed to load pdb file of " + m_pm).c_str(), nullptr);
+            diagTrace(("Failed to load pdb file of " + util::escapedForMessage(m_pm)).c_str(),
+                      nullptr);
     }
 
     buildDatabase();

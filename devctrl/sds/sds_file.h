@@ -140,14 +140,27 @@ class TarnSDSFile {
 
     // ---- indexes of the part table (sds_index.cpp) ----
     // Queries keep indexes of the tables, built when first needed. Loading,
-    // resetting and building drop them (and the manager's); a host that edits
-    // the tables in place calls invalidateIndexes() afterwards. Like the
-    // manager, a family object is not for concurrent use.
+    // resetting and building drop them (and the manager's). The tables below
+    // are public, and a host may edit them between queries:
+    // - Adding or erasing rows, clearing or refilling a table, adding or
+    //   removing columns: noticed by the next query (row and column counts
+    //   and the first and last keys of each table are compared), which
+    //   rebuilds what it needs. Nothing else is required.
+    // - Changing a cell in place (a Status, a Device), renaming a column, or
+    //   replacing a row by another with the same count and end keys: not
+    //   noticed. Call invalidateIndexes() afterwards, on this family or on
+    //   the manager, before the next query.
+    // No edit can make a query read freed memory: the indexes hold copies
+    // and positions only. Like the manager, a family object is not for
+    // concurrent use.
     void invalidateIndexes();
     // Drops this family's indexes only (the manager does this for each of its
     // families when any of them changes).
     void dropOwnIndexes() { m_index.reset(); }
-    TarnPartIndex& index() const;
+    // The index, after checking that the tables still look as they did when
+    // it was begun. `ascOnly` answers depend on every family the manager
+    // holds (which one owns a name), so those check the manager too.
+    TarnPartIndex& index(bool ascOnly = false) const;
 
     // ---- writer and dump (sds_write.cpp) ----
     void writeSDS(std::string path) const;

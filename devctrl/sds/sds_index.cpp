@@ -3,7 +3,11 @@
 
 namespace tarn::vyxpn {
 
-TarnPartIndex& TarnSDSFile::index() const {
+TarnPartIndex& TarnSDSFile::index(bool ascOnly) const {
+    if (m_index && !m_index->tablesUnchanged())
+        m_index.reset();
+    if (ascOnly && m_pDeviceMngr)
+        m_pDeviceMngr->noticeTableChanges(true);
     if (!m_index)
         m_index = std::make_unique<TarnPartIndex>(*this);
     return *m_index;

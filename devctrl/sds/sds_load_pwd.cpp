@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/data_file.h"
 #include "platform/pd_data.h"
@@ -190,12 +191,13 @@ bool TarnSDSFile::loadPWD(std::string path, const std::vector<std::string>& reso
     }
     file.reset();
     if (firstLongLine != 0)
-        diagTrace((path + ":" + std::to_string(firstLongLine) + ": line longer than " +
-                   std::to_string(kPieceLength) + " characters, read in pieces")
-                      .c_str(),
-                  nullptr);
+        diagTrace(
+            (util::escapedForMessage(path) + ":" + std::to_string(firstLongLine) +
+             ": line longer than " + std::to_string(kPieceLength) + " characters, read in pieces")
+                .c_str(),
+            nullptr);
     if (firstNulLine != 0)
-        diagTrace((path + ":" + std::to_string(firstNulLine) +
+        diagTrace((util::escapedForMessage(path) + ":" + std::to_string(firstNulLine) +
                    ": NUL byte; the rest of the line is ignored")
                       .c_str(),
                   nullptr);

@@ -80,7 +80,7 @@ bool collectList(const TarnSDSFile& file, PartListKind kind, const std::string& 
 
     bool usable = false;
     const CachedPartList* cached =
-        file.index().find(kind, device, package, speed, withObsolete, ascOnly, usable);
+        file.index(ascOnly).find(kind, device, package, speed, withObsolete, ascOnly, usable);
     if (cached) {
         list = sorted ? cached->sorted() : cached->firstSeen();
         return true;
@@ -143,10 +143,11 @@ void TarnSDSFile::getAllParts(std::vector<std::string>& list, bool withObsolete,
                               bool ascOnly) const {
     list.clear();
     const auto& parts = m_genericDevices.m_datas;
-    if (index().prepareFilters(withObsolete, ascOnly)) {
+    TarnPartIndex& flags = index(ascOnly);
+    if (flags.prepareFilters(withObsolete, ascOnly)) {
         std::size_t position = 0;
         for (const auto& entry : parts)
-            if (index().passes(position++, withObsolete, ascOnly))
+            if (flags.passes(position++, withObsolete, ascOnly))
                 list.push_back(entry.first);
         return;
     }
@@ -158,9 +159,10 @@ void TarnSDSFile::getAllParts(std::vector<std::string>& list, bool withObsolete,
 
 bool TarnSDSFile::anyPartPasses(bool withObsolete, bool ascOnly) const {
     const auto& parts = m_genericDevices.m_datas;
-    if (index().prepareFilters(withObsolete, ascOnly)) {
+    TarnPartIndex& flags = index(ascOnly);
+    if (flags.prepareFilters(withObsolete, ascOnly)) {
         for (std::size_t position = 0; position < parts.size(); ++position)
-            if (index().passes(position, withObsolete, ascOnly))
+            if (flags.passes(position, withObsolete, ascOnly))
                 return true;
         return false;
     }

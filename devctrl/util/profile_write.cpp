@@ -14,6 +14,7 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_lines.h"
 #include "devctrl/util/profile_lock.h"
+#include "devctrl/util/quote.h"
 #include "platform/data_file.h"
 #include "platform/file_writer.h"
 
@@ -141,7 +142,7 @@ WriteOutcome writeProfileString(const char* section, const char* key, const char
     }
     FILE* in = old.releaseAsStream();
     if (old.isOpen() && !in) {
-        outcome.error = "cannot read " + target;
+        outcome.error = "cannot read " + tarn::vyxpn::util::escapedForMessage(target);
         return outcome;
     }
     std::string content;
@@ -149,7 +150,8 @@ WriteOutcome writeProfileString(const char* section, const char* key, const char
     if (in)
         fclose(in);
     if (!made) {
-        outcome.error = "cannot write " + std::string(path) + ": out of memory";
+        outcome.error =
+            "cannot write " + tarn::vyxpn::util::escapedForMessage(path) + ": out of memory";
         return outcome;
     }
     // A failed write leaves the file as it was; the result still tells what
@@ -175,7 +177,7 @@ std::string entryProblem(const std::string& section, const std::string& key,
     if (section.size() + 2 > kLongestLine)
         return "the section header would be " + limit;
     if (key.size() + 1 + value.size() > kLongestLine)
-        return "the line " + key + "=... would be " + limit;
+        return "the line " + tarn::vyxpn::util::escapedForMessage(key) + "=... would be " + limit;
     if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
         value.back() == value.front())
         return "the value would read back without its enclosing quotes";

@@ -11,6 +11,7 @@
 #include "bench/generator/catalogue_generator.h"
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/util/string_utils.h"
+#include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "support/test_env.h"
 
@@ -19,12 +20,12 @@ using devctrl_test::DataDirScope;
 using devctrl_test::TraceCapture;
 using Strings = std::vector<std::string>;
 namespace ref = devctrl_test::ref;
+using devctrl_test::libraryList;
 using ref::Cells;
 
 namespace {
 
-const std::pair<bool, bool> kFilters[] = {
-    {false, false}, {true, false}, {false, true}, {true, true}};
+const auto& kFilters = devctrl_test::kFilterSettings;
 
 // Every `stride`-th distinct prefix of the name cells, by length 0..3, plus
 // an unknown one; and every `stride`-th full set of cells.
@@ -48,22 +49,6 @@ std::array<std::vector<Cells>, 5> prefixesOf(const TarnSDSFile& file, std::size_
                      [&](const Cells&) { return n++ % stride == 0; });
     }
     return kept;
-}
-
-Strings libraryList(const TarnSDSFile& file, PartListKind kind, const Cells& c, bool obsolete,
-                    bool asc, bool sorted) {
-    Strings list{"stale"};
-    if (sorted)
-        file.getSortedList(kind, c[0], c[1], c[2], list, obsolete, asc);
-    else if (kind == PartListKind::Devices)
-        file.getDevices(list, obsolete, asc);
-    else if (kind == PartListKind::Packages)
-        file.getPackages(c[0], list, obsolete, asc);
-    else if (kind == PartListKind::Speeds)
-        file.getSpeeds(c[0], c[1], list, obsolete, asc);
-    else
-        file.getOperations(c[0], c[1], c[2], list, obsolete, asc);
-    return list;
 }
 
 void expectFamilyMatchesWalk(TarnDeviceMngr& mngr, const TarnSDSFile& file, std::size_t stride) {

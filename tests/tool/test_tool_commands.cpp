@@ -32,8 +32,9 @@ struct SmallInstall {
         dir.write("tb1a00/family.key",
                   "FAMILY = TBF, TBALT\nDEVICES = TB4\n"
                   "PACKAGES = TB4, QF48\nSPEEDS = TB4, QF48, 6\n");
-        dir.write("tb1a00/device.acd", "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n"
-                                       "PACKAGE_ITEMS = ES\nPACKAGE_DATAS = TB4, QF48, No\n");
+        dir.write("tb1a00/device.acd",
+                  "PM_ENABLE = true\nPKG_ALIAS = QF48, Q48\n"
+                  "PACKAGE_ITEMS = ES\nPACKAGE_DATAS = TB4, QF48, No\n");
         dir.write("tb2a00/family.key", "FAMILY = TBOFF\nDEVICES = TB9\n");
         dir.write("tb2a00/device.acd", "PM_ENABLE = false\nPKG_ALIAS = QF48, Q48\n");
         dir.write("pqrndev.lst", "[MIGRATION]\nZR2=ZR2M\n");
@@ -107,6 +108,12 @@ TEST(ToolCommands, SmallInstallation) {
             {"exist ZR4", -1,
              "devctrl: unknown command 'exist'; did you mean exists? (see 'devctrl --help')\n"},
             {"key zr1a00", -1, "~^.*see 'devctrl key --help'.*\n$"},
+            // Values are escaped: an error stays one line and sends nothing to
+            // the terminal.
+            {"part 'ZR4\nZR12'", 1, "devctrl: unknown part 'ZR4\\nZR12'\n"},
+            {"pm-of '\x1b[2J'", 1, "devctrl: unknown family '\\x1b[2J' (see 'devctrl families')\n"},
+            {"inner-name 'ZR4\tX'", 1, "devctrl: unknown part ZR4\\tX\n"},
+            {"families '--x\ny'", -1, "~--x\\\\ny"},
         });
     std::string out, err;
     // The disabled family is configuration: its traces only with -v.
@@ -116,6 +123,24 @@ TEST(ToolCommands, SmallInstallation) {
     EXPECT_EQ(err,
               "devctrl: Failed to load device.acd of tb2a00\n"
               "devctrl: TarnDeviceMngr failed to load tb2a00 device information.\n");
+}
+
+TEST(ToolCommands, NamesFromDataFilesAreEscapedInTraces) {
+    SmallInstall install;
+    // Families whose directory names would clear the screen: one without its
+    // key data, one whose device table holds nothing.
+    install.dir.write("zy\x1b[2J/device.acd", "PM_ENABLE = true\n");
+    install.dir.write("zz\x1b[2J/family.key", "FAMILY = ZZ\nDEVICES = ZZ1\n");
+    install.dir.write("zz\x1b[2J/device.acd", "PM_ENABLE = true\n");
+    std::string out, err;
+    EXPECT_EQ(runTool("--data " + install.dir.path() + " pms --loaded", &out, &err), 0);
+    EXPECT_EQ(err.find('\x1b'), std::string::npos) << err;
+    EXPECT_NE(err.find("zy\\x1b[2J/family.key: missing"), std::string::npos) << err;
+    EXPECT_NE(err.find("devctrl: Failed to load device.acd of zz\\x1b[2J\n"), std::string::npos)
+        << err;
+    EXPECT_NE(err.find("devctrl: TarnDeviceMngr failed to load zz\\x1b[2J device information.\n"),
+              std::string::npos)
+        << err;
 }
 
 TEST(ToolCommands, SampleInstallation) {

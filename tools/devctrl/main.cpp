@@ -18,6 +18,7 @@
 #include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
+#include "devctrl/util/quote.h"
 #include "platform/base_settings.h"
 #include "progress_line.h"
 
@@ -109,12 +110,18 @@ void Context::requireData() {
     const std::string path = BaseSystem::getDataPath().absolutePath().toStdString();
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0)
-        throw ToolError("data directory " + path + ": " + std::strerror(errno), 3);
+        throw ToolError("data directory " + tarn::vyxpn::util::escapedForMessage(path) + ": " +
+                            std::strerror(errno),
+                        3);
     if (!S_ISDIR(info.st_mode))
-        throw ToolError("data directory " + path + " is not a directory", 3);
+        throw ToolError(
+            "data directory " + tarn::vyxpn::util::escapedForMessage(path) + " is not a directory",
+            3);
     DIR* listing = ::opendir(path.c_str());
     if (!listing)
-        throw ToolError("cannot read data directory " + path + ": " + std::strerror(errno), 3);
+        throw ToolError("cannot read data directory " + tarn::vyxpn::util::escapedForMessage(path) +
+                            ": " + std::strerror(errno),
+                        3);
     ::closedir(listing);
 }
 
@@ -146,7 +153,9 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
         TarnDeviceMngr::baseGetAllPMs(installed);
         if (installed.empty())
             std::cerr << "devctrl: no families installed in "
-                      << BaseSystem::getDataPath().absolutePath().toStdString() << '\n';
+                      << tarn::vyxpn::util::escapedForMessage(
+                             BaseSystem::getDataPath().absolutePath().toStdString())
+                      << '\n';
     }
     return *TarnDeviceMngr::m_pMngr;
 }
@@ -224,7 +233,7 @@ int runTool(int argc, char** argv) {
                 near.consider(command->name());
             std::cerr << "devctrl: " << unknownNameMessage("command", unknown, near.best());
         } else {
-            std::cerr << "devctrl: " << e.what();
+            std::cerr << "devctrl: " << tarn::vyxpn::util::escapedForMessage(e.what());
         }
         std::cerr << " (see '" << help << " --help')\n";
         return 2;
@@ -250,8 +259,12 @@ int runTool(int argc, char** argv) {
     } catch (const std::exception& e) {
         // A range error from rows shorter than their columns, or anything
         // else the data provoked: one line that says where to look.
-        std::cerr << "devctrl: " << (context.subject.empty() ? "" : context.subject + ": ")
-                  << "error in the installed data: " << e.what() << '\n';
+        std::cerr << "devctrl: "
+                  << (context.subject.empty()
+                          ? ""
+                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ")
+                  << "error in the installed data: "
+                  << tarn::vyxpn::util::escapedForMessage(e.what()) << '\n';
         return 3;
     }
     return 0;

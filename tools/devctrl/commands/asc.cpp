@@ -1,6 +1,7 @@
 #include "asc_summary.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -51,7 +52,8 @@ class AscCommand : public Command {
     int showValue(Context& context) {
         std::string value;
         if (!context.mngr().getGlobalASCValue(m_chip, m_item, value))
-            throw ToolError("no value of '" + m_item + "' for ASC chip '" + m_chip + "'");
+            throw ToolError("no value of " + tarn::vyxpn::util::quotedForMessage(m_item) +
+                            " for ASC chip " + tarn::vyxpn::util::quotedForMessage(m_chip));
         context.out.value(value);
         return 0;
     }
@@ -59,7 +61,7 @@ class AscCommand : public Command {
     int showPart(Context& context) {
         auto& mngr = context.mngr();
         if (!mngr.exists(m_part))
-            throw ToolError("unknown part: " + m_part);
+            throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         PartAscs ascs = PartAscs::of(mngr, m_part);
         QJsonObject json{{"part", qs(m_part)},
                          {"onBoard", ascs.onBoardJson()},

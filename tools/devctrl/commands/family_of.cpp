@@ -1,5 +1,6 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -15,7 +16,8 @@ class FamilyOfCommand : public Command {
         context.requireData();
         std::string family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(m_pm);
         if (family.empty())
-            throw ToolError("unknown PM '" + m_pm + "' (see 'devctrl pms')");
+            throw ToolError("unknown PM " + tarn::vyxpn::util::quotedForMessage(m_pm) +
+                            " (see 'devctrl pms')");
         context.out.value(family);
         return 0;
     }

@@ -12,6 +12,7 @@
 #include "command.h"
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_write.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -29,7 +30,8 @@ const char* kMatchingFooter =
 void requireReadable(const std::string& file) {
     FILE* probe = fopen(file.c_str(), "r");
     if (!probe)
-        throw ToolError("cannot read " + file + ": " + strerror(errno));
+        throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(file) + ": " +
+                        strerror(errno));
     fclose(probe);
 }
 
@@ -67,7 +69,8 @@ bool containsNoCase(const StringList& list, const std::string& name) {
 
 void requireSection(const std::string& file, const std::string& section) {
     if (!containsNoCase(sectionsOf(file), section))
-        throw ToolError("no section [" + section + "] in " + file);
+        throw ToolError("no section [" + tarn::vyxpn::util::escapedForMessage(section) + "] in " +
+                        tarn::vyxpn::util::escapedForMessage(file));
 }
 
 std::string readWithDefault(const std::string& file, const std::string& section,
@@ -190,8 +193,11 @@ class IniCommand : public Command {
             value = readWithDefault(m_file, m_section, m_key, m_default.c_str());
         } else if (!lookup(m_file, m_section, m_key, &value)) {
             if (!containsNoCase(sectionsOf(m_file), m_section))
-                throw ToolError("no section [" + m_section + "] in " + m_file);
-            throw ToolError("no key " + m_key + " in section [" + m_section + "] of " + m_file);
+                throw ToolError("no section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                                "] in " + tarn::vyxpn::util::escapedForMessage(m_file));
+            throw ToolError("no key " + tarn::vyxpn::util::escapedForMessage(m_key) +
+                            " in section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                            "] of " + tarn::vyxpn::util::escapedForMessage(m_file));
         }
         context.out.value(value);
         return 0;
@@ -223,7 +229,9 @@ class IniCommand : public Command {
         requireSection(m_file, m_section);
         bool withKey = m_keyOption->count() > 0;
         if (withKey && !containsNoCase(keysOf(m_file, m_section), m_key))
-            throw ToolError("no key " + m_key + " in section [" + m_section + "] of " + m_file);
+            throw ToolError("no key " + tarn::vyxpn::util::escapedForMessage(m_key) +
+                            " in section [" + tarn::vyxpn::util::escapedForMessage(m_section) +
+                            "] of " + tarn::vyxpn::util::escapedForMessage(m_file));
         // The result is not a success flag: removing the last section of a
         // file, or a key of it, reports 0 although the file changed.
         requireWritten(profile::writeProfileString(

@@ -1,5 +1,6 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -19,7 +20,7 @@ class InnerNameCommand : public Command {
     int run(Context& context) override {
         std::string inner;
         if (!context.mngr().getInnerDeviceName(m_part, inner))
-            throw ToolError("unknown part " + m_part);
+            throw ToolError("unknown part " + tarn::vyxpn::util::escapedForMessage(m_part));
         context.out.value(inner);
         return 0;
     }

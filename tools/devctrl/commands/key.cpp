@@ -3,6 +3,7 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 #include "platform/pm_database.h"
 
 namespace devctrl_tool {
@@ -25,8 +26,10 @@ class KeyCommand : public Command {
             tarn::vyxpn::TarnDeviceMngr::getValueByKey(m_pm.c_str(), m_key.c_str()), &std::free);
         if (!value) {
             if (!PM_DATABASE::buildMe()->findPm(m_pm.c_str(), 0))
-                throw ToolError("unknown PM '" + m_pm + "' (see 'devctrl pms')");
-            throw ToolError("PM '" + m_pm + "' has no key '" + m_key + "'");
+                throw ToolError("unknown PM " + tarn::vyxpn::util::quotedForMessage(m_pm) +
+                                " (see 'devctrl pms')");
+            throw ToolError("PM " + tarn::vyxpn::util::quotedForMessage(m_pm) + " has no key " +
+                            tarn::vyxpn::util::quotedForMessage(m_key));
         }
         context.out.value(value.get());
         return 0;

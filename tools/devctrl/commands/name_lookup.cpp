@@ -5,6 +5,7 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 
@@ -17,12 +18,15 @@ std::string resolvePm(TarnDeviceMngr& mngr, const std::string& argument) {
     if (!pm.empty()) {
         if (mngr.getFamilyFile(pm))
             return pm;
-        throw ToolError("family '" + argument + "' (PM " + pm + ") is installed but did not load");
+        throw ToolError("family " + tarn::vyxpn::util::quotedForMessage(argument) + " (PM " +
+                        tarn::vyxpn::util::escapedForMessage(pm) +
+                        ") is installed but did not load");
     }
     tarn::vyxpn::StringList installed;
     TarnDeviceMngr::baseGetAllPMs(installed);
     if (std::find(installed.begin(), installed.end(), argument) != installed.end())
-        throw ToolError("PM '" + argument + "' is installed but did not load");
+        throw ToolError("PM " + tarn::vyxpn::util::quotedForMessage(argument) +
+                        " is installed but did not load");
     NearNames near(argument);
     for (const auto& entry : mngr.getFamilyFiles()) {
         near.consider(entry.first);

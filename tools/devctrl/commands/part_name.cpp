@@ -1,6 +1,7 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "name_lookup.h"
 
 namespace devctrl_tool {
@@ -34,9 +35,12 @@ class PartNameCommand : public Command {
         if (condition.size() == 1)
             condition = tarn::vyxpn::TarnSDSFile::getFullConditionName(condition[0]);
         std::string part = mngr.getPartName(pm, m_device, m_package, m_speed, condition);
+        using tarn::vyxpn::util::escapedForMessage;
         if (part.empty())
-            throw ToolError("no part of " + pm + " has device " + m_device + ", package " +
-                            m_package + ", speed " + m_speed + " and condition " + m_condition);
+            throw ToolError("no part of " + escapedForMessage(pm) + " has device " +
+                            escapedForMessage(m_device) + ", package " +
+                            escapedForMessage(m_package) + ", speed " + escapedForMessage(m_speed) +
+                            " and condition " + escapedForMessage(m_condition));
         context.out.value(part);
         return 0;
     }

@@ -2,6 +2,7 @@
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 #include "name_lookup.h"
 
@@ -20,7 +21,8 @@ std::string conditionWord(const std::string& given) {
         return "IND";
     if (upper == "A" || upper == "E" || upper == "AUTO")
         return "AUTO";
-    throw ToolError("unknown condition '" + given + "'; use C, I, A (or E), COM, IND or AUTO");
+    throw ToolError("unknown condition " + tarn::vyxpn::util::quotedForMessage(given) +
+                    "; use C, I, A (or E), COM, IND or AUTO");
 }
 
 class PartsCommand : public Command {

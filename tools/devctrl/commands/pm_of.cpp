@@ -1,5 +1,6 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -15,7 +16,8 @@ class PmOfCommand : public Command {
         context.requireData();
         std::string pm = tarn::vyxpn::TarnDeviceMngr::baseFamilyToPm(m_family);
         if (pm.empty())
-            throw ToolError("unknown family '" + m_family + "' (see 'devctrl families')");
+            throw ToolError("unknown family " + tarn::vyxpn::util::quotedForMessage(m_family) +
+                            " (see 'devctrl families')");
         context.out.value(pm);
         return 0;
     }

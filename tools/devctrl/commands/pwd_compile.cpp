@@ -1,4 +1,5 @@
 #include "command.h"
+#include "devctrl/util/quote.h"
 #include "output_file.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
@@ -24,13 +25,15 @@ class PwdCompileCommand : public Command {
     }
     int run(Context& context) override {
         if (PD_UTIL::IsBinaryFile(m_text.c_str()))
-            throw ToolError(m_text + " is in the binary form already");
+            throw ToolError(tarn::vyxpn::util::escapedForMessage(m_text) +
+                            " is in the binary form already");
         PD_DATA data;
         if (!data.LoadTxtFile(m_text.c_str()))
-            throw ToolError("cannot read " + m_text);
+            throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(m_text));
         std::string bytes;
         if (!PD_EncodeBinary(data, bytes))
-            throw ToolError("cannot write " + m_binary + ": too large for the binary form");
+            throw ToolError("cannot write " + tarn::vyxpn::util::escapedForMessage(m_binary) +
+                            ": too large for the binary form");
         writeOutputFile(m_binary, bytes);
         if (isStandardOutput(m_binary))
             return 0;  // the file is the output

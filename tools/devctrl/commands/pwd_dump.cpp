@@ -1,4 +1,5 @@
 #include "command.h"
+#include "devctrl/util/quote.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "platform/pd_text_writer.h"
@@ -49,16 +50,19 @@ class PwdDumpCommand : public Command {
         if (PD_UTIL::IsBinaryFile(m_file.c_str())) {
             std::string bytes, why;
             if (!PD_UTIL::ReadWholeFile(m_file.c_str(), bytes, PD_BIN_MAX_FILE_SIZE))
-                throw ToolError("cannot read " + m_file);
+                throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(m_file));
             if (!PD_DecodeBinary(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size(),
                                  data, &why))
-                throw ToolError(m_file + ": " + why);
+                throw ToolError(tarn::vyxpn::util::escapedForMessage(m_file) + ": " +
+                                tarn::vyxpn::util::escapedForMessage(why));
         } else if (!data.LoadTxtFile(m_file.c_str())) {
-            throw ToolError("cannot read " + m_file);
+            throw ToolError("cannot read " + tarn::vyxpn::util::escapedForMessage(m_file));
         }
         std::string text, why;
         if (!PD_FormatText(data, text, &why))
-            throw ToolError(m_file + " cannot be written as text: " + why);
+            throw ToolError(
+                tarn::vyxpn::util::escapedForMessage(m_file) +
+                " cannot be written as text: " + tarn::vyxpn::util::escapedForMessage(why));
         QJsonArray sections;
         for (const auto& section : data.GetSectionList())
             sections.append(sectionToJson(*section));

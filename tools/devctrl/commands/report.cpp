@@ -3,6 +3,7 @@
 #include "command.h"
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -25,7 +26,7 @@ class ReportCommand : public Command {
     int run(Context& context) override {
         auto& mngr = context.mngr();
         if (!mngr.exists(m_part))
-            throw ToolError("unknown part: " + m_part);
+            throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         tarn::vyxpn::TarnDeviceObj device(m_part);
         device.m_ascList = m_ascs;
         // A chip the part cannot link has no place in its report.
@@ -35,9 +36,11 @@ class ReportCommand : public Command {
         tarn::vyxpn::KeyValueReport rows;
         bool withAsc = mngr.calcDeviceData(device, rows);
         if (rows.empty() && !withAsc)
-            throw ToolError("no device data for part " + m_part);
+            throw ToolError("no device data for part " +
+                            tarn::vyxpn::util::escapedForMessage(m_part));
         if (!withAsc)
-            std::cerr << "devctrl: no ASC stock data for " << m_part
+            std::cerr << "devctrl: no ASC stock data for "
+                      << tarn::vyxpn::util::escapedForMessage(m_part)
                       << "; the report holds its device rows only\n";
         context.out.pairs(rows, false);
         return 0;

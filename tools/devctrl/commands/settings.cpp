@@ -1,6 +1,7 @@
 #include "asc_summary.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/quote.h"
 
 namespace devctrl_tool {
 namespace {
@@ -21,7 +22,7 @@ class SettingsCommand : public Command {
     int run(Context& context) override {
         auto& mngr = context.mngr();
         if (!mngr.exists(m_part))
-            throw ToolError("unknown part: " + m_part);
+            throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         auto yesNo = [](bool on) { return std::string(on ? "yes" : "no"); };
         PartAscs ascs = PartAscs::of(mngr, m_part);
         if (context.out.json()) {

@@ -1,6 +1,7 @@
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/quote.h"
 #include "name_lookup.h"
 #include "output_file.h"
 
@@ -26,7 +27,8 @@ class WriteSdsCommand : public Command {
         const std::string pm = resolvePm(mngr, m_pm);
         const tarn::vyxpn::TarnSDSFile* family = mngr.getFamilyFile(pm);
         if (!family)
-            throw ToolError("PM " + pm + " is not loaded; nothing written to " + m_file);
+            throw ToolError("PM " + pm + " is not loaded; nothing written to " +
+                            tarn::vyxpn::util::escapedForMessage(m_file));
         writeOutputFile(m_file, family->sdsText());
         return 0;
     }
