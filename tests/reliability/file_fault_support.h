@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -59,6 +60,26 @@ inline bool canDropPrivileges() {
     return geteuid() != 0 || std::system("command -v setpriv >/dev/null 2>&1") == 0;
 }
 
+// A directory holding a copy of the tool and its library that "nobody" can
+// run: the build tree may sit where only root can reach it (under /root,
+// say). Made once.
+inline const std::string& toolCopyForNobody() {
+    namespace fs = std::filesystem;
+    static TempDir copy;
+    static const bool made = [] {
+        chmod(copy.path().c_str(), 0755);
+        const fs::path built(DEVCTRL_TOOL_PATH);
+        for (const fs::directory_entry& entry : fs::directory_iterator(built.parent_path()))
+            if (entry.path().filename().string().rfind("libdevctrl.so", 0) == 0)
+                fs::copy(entry.path(), copy.file(entry.path().filename().string()),
+                         fs::copy_options::copy_symlinks);
+        fs::copy_file(built, copy.file("devctrl"));
+        return true;
+    }();
+    (void)made;
+    return copy.path();
+}
+
 // Runs the tool with `args` (shell-quoted) under a time limit, as the
 // unprivileged user "nobody" when `unprivileged` and the tests run as root.
 // A run that hangs is killed and reads as status 124.
@@ -66,11 +87,15 @@ inline int runToolLimited(const std::string& args, std::string* out, std::string
                           bool unprivileged = false) {
     TempDir scratch;
     chmod(scratch.path().c_str(), 0777);
-    std::string prefix = "timeout -s KILL 20 ";
-    if (unprivileged && geteuid() == 0)
-        prefix += "setpriv --reuid=65534 --regid=65534 --clear-groups ";
-    std::string command = prefix + DEVCTRL_TOOL_PATH + " " + args + " >" + scratch.file("out") +
-                          " 2>" + scratch.file("err");
+    std::string command = "timeout -s KILL 20 ";
+    if (unprivileged && geteuid() == 0) {
+        const std::string& copy = toolCopyForNobody();
+        command = "LD_LIBRARY_PATH=" + copy + " " + command +
+                  "setpriv --reuid=65534 --regid=65534 --clear-groups " + copy + "/devctrl";
+    } else {
+        command += DEVCTRL_TOOL_PATH;
+    }
+    command += " " + args + " >" + scratch.file("out") + " 2>" + scratch.file("err");
     int status = std::system(command.c_str());
     if (out)
         *out = readFile(scratch.file("out"));
