@@ -1,10 +1,14 @@
 // The keyed data reader ("device.acd", "family.key"): parsing, walking every
-// key with each separator pair the loaders use, and the part-model record
-// built from a "family.key".
+// key with each separator pair the loaders use, the part-model record built
+// from a "family.key", and the line finder that points reports at a key's or
+// a record's line.
+
+#include <algorithm>
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/data_file.h"
+#include "platform/keyed_record_lines.h"
 #include "platform/pm_devkey.h"
 #include "platform/pm_record_reader.h"
 #include "support/fuzz_support.h"
@@ -68,5 +72,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const PM_DEVICE_RECORD& device : record.devices)
         for (const PM_PACKAGE_RECORD& package : device.packages)
             sink = sink + package.speeds.size();
+
+    // Every line the finder names is a line of the file.
+    const std::size_t lastLine =
+        static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+    KeyedRecordLines lines(path);
+    for (const std::string& key : keysToWalk(text)) {
+        std::vector<std::string> fields;
+        PM_DEVKEY_KEYITER it(&keys, key.c_str(), ':', ',', 0);
+        if (it.record())
+            for (; it.field() && fields.size() < 3; it.advanceToNextJ())
+                fields.emplace_back(it.field());
+        const std::size_t keyLine = lines.keyLine(key);
+        const std::size_t recordLine = lines.recordLine(key, fields);
+        if (keyLine > lastLine || recordLine > lastLine || (keyLine == 0) != (recordLine == 0))
+            __builtin_trap();
+    }
     return 0;
 }
