@@ -122,12 +122,15 @@ TEST(Diagnostics, RecordLinesFollowContinuationLines) {
         std::vector<std::string> fields;
         std::size_t line;
     } cases[] = {
-        {"PACKAGE_DATAS", {"A", "P1"}, 2}, {"PACKAGE_DATAS", {"B", "P1"}, 3},
-        {"PACKAGE_DATAS", {"C", "P2"}, 5}, {"PACKAGE_DATAS", {"D", "P2"}, 5},
+        {"PACKAGE_DATAS", {"A", "P1"}, 2},
+        {"PACKAGE_DATAS", {"B", "P1"}, 3},
+        {"PACKAGE_DATAS", {"C", "P2"}, 5},
+        {"PACKAGE_DATAS", {"D", "P2"}, 5},
         {"PACKAGE_DATAS", {"# value text"}, 4},
         {"PACKAGE_DATAS", {"E", "P2"}, 2},  // no such record: the key's line
         {"DEVICE_DATAS", {"B"}, 7},         // the later definition counts
-        {"DEVICE_DATAS", {"A"}, 7},        {"PM_DATAS", {}, 0},
+        {"DEVICE_DATAS", {"A"}, 7},
+        {"PM_DATAS", {}, 0},
     };
     for (const auto& c : cases)
         EXPECT_EQ(lines.recordLine(c.key, c.fields), c.line) << c.key << " " << c.fields.size();

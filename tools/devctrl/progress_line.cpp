@@ -16,7 +16,7 @@ bool shown = false;
 bool holding = false;
 std::vector<std::pair<std::string, std::string>> held;  // message, extra ("\1" for none)
 const char* const kNoExtra = "\1";
-}
+}  // namespace
 
 void showProgressLine(const std::string& text) {
     if (!isatty(STDERR_FILENO))
