@@ -17,10 +17,11 @@ class TarnDeviceMngr;
 
 namespace devctrl_fuzz {
 
-// The range errors the library lets escape on purpose (a row shorter than its
-// column list, a negative package index, an empty condition of a listed part)
-// come from a checked vector or string access; every other exception, even
-// another std::out_of_range, is a finding.
+// The range errors the library lets escape on purpose: a DataError (a
+// negative package index, an empty condition of a listed part, located in
+// its file), or a checked vector or string access (a row shorter than its
+// column list). Every other exception, even another std::out_of_range, is a
+// finding.
 bool isDesignedRangeError(const std::out_of_range& error);
 
 // Runs `body`, swallowing designed range errors; anything else escapes and
