@@ -10,7 +10,7 @@
 #include <string>
 
 #include "allocation_counter.h"
-#include "bench/generator/hostile_shapes.h"
+#include "generator/hostile_shapes.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "platform/ut_trace.h"
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <set>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/util/string_utils.h"
 #include "index/library_lists.h"
