@@ -11,10 +11,9 @@
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/asc_capacity.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
-
-class PM_DEVKEY;
 
 namespace tarn::vyxpn {
 
@@ -24,7 +23,7 @@ class TarnDeviceObj;
 using StringList = std::vector<std::string>;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnDeviceMngr {
+class TarnDeviceMngr : public PartAscCapacity {
   public:
     TarnDeviceMngr();
     ~TarnDeviceMngr();
@@ -126,13 +125,13 @@ class TarnDeviceMngr {
                              const std::string& defaultValue);
     static bool stringToBool(const std::string& text);
     int getASCMaxNum(const std::string& part);
-    bool enableASC(const std::string& part);
+    bool enableASC(const std::string& part) override;
 
     // ---- writer and dump (mngr_write.cpp) ----
     void writeSDS(const std::string& pm, std::string path);
     void printMe(const std::string& pm);
 
-    // ---- ASC data and device data report (device/asc_report.cpp) ----
+    // ---- ASC data and device data report (mngr_asc_report.cpp) ----
     bool getInternalASCs(const std::string& part, std::map<std::string, int>& ascs);
     bool getSupportedASCs(const std::string& part, StringList& ascs);
     std::string getDefaultASC();
@@ -143,7 +142,7 @@ class TarnDeviceMngr {
     bool calcDeviceData(const std::string& part, KeyValueReport& data);
     bool calcDeviceData(TarnDeviceObj& dev, KeyValueReport& data);
 
-    // ---- validation (device/validation.cpp) ----
+    // ---- validation (mngr_validation.cpp) ----
     bool isValid(const TarnDeviceObj& dev, std::string& message);
     // The first checks of isValid alone: every linked chip is one the part
     // may link, with a count that is not negative. False with isValid's
@@ -175,6 +174,10 @@ class TarnDeviceMngr {
     // Changes whenever the indexes are dropped; cached answers that depend on
     // every loaded family (ASC capacity of a part) compare it.
     std::uint64_t indexGeneration() const { return m_indexGeneration; }
+    std::uint64_t ascCapacityGeneration() override {
+        noticeTableChanges(true);
+        return m_indexGeneration;
+    }
     // What the queries call first: compares the loaded families' tables (the
     // part tables alone, or with `everyTable` those that item lookups read
     // too) with how they looked when the indexes were begun, and drops the
@@ -220,8 +223,5 @@ class TarnDeviceMngr {
     std::vector<DataError> m_loadFailures;
     std::set<std::string> m_switchedOff;
 };
-
-// The ','-separated members of one key; empties `out` and returns the count.
-int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out);
 
 }  // namespace tarn::vyxpn

@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <set>
 
-#include "generator/catalogue_generator.h"
-#include "devctrl/mngr/comparators.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/string_utils.h"
+#include "generator/catalogue_generator.h"
 #include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "support/test_env.h"
