@@ -37,21 +37,18 @@ PartOwnerIndex::PartOwnerIndex(const std::map<std::string, TarnSDSFile*>& famili
         if (!file)
             continue;
         const TarnSDSFileSection& parts = file->m_genericDevices;
-        std::array<int, 4> columns{};
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            columns[i] = parts.columnOf(kNameColumnNames[i]);
+        const NameColumns columns = nameColumnsOf(parts);
         // Without these columns the family answers no name lookup, so a
         // later family may own the name.
-        if (*std::min_element(columns.begin(), columns.end()) < 0)
+        if (!columns.complete())
             continue;
-        const std::size_t rowNeeds =
-            static_cast<std::size_t>(*std::max_element(columns.begin(), columns.end())) + 1;
+        const std::size_t rowNeeds = columns.rowNeeds();
         for (const auto& [part, row] : parts.m_datas) {
             NameCells cells;
             cells.fill(kReadTheRow);
             if (row.size() >= rowNeeds)
-                for (std::size_t i = 0; i < cells.size(); ++i)
-                    cells[i] = ids.idOf(row[static_cast<std::size_t>(columns[i])]);
+                cells = {ids.idOf(row[columns.device]), ids.idOf(row[columns.package]),
+                         ids.idOf(row[columns.speed]), ids.idOf(row[columns.condition])};
             m_owners.emplace(part, Owner{&pm, file, cells});
         }
     }

@@ -3,6 +3,7 @@
 // name, the part lists and the name splitting all read the same columns, so
 // their literal names live here once.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -19,6 +20,10 @@ struct NameColumns {
 
     // Whether the table has all four columns.
     bool complete() const { return device >= 0 && package >= 0 && speed >= 0 && condition >= 0; }
+    // The cells a row needs for all four to be read (complete() first).
+    std::size_t rowNeeds() const {
+        return static_cast<std::size_t>(std::max({device, package, speed, condition})) + 1;
+    }
 };
 
 inline NameColumns nameColumnsOf(const TarnSDSFileSection& table) {

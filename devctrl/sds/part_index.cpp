@@ -4,6 +4,7 @@
 #include <cctype>
 #include <unordered_set>
 
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
 
@@ -118,10 +119,7 @@ void TarnPartIndex::buildLists(FilteredPartLists& out, bool withObsolete, bool a
     const TarnSDSFileSection& table = m_file.m_genericDevices;
     if (!prepareFilters(withObsolete, ascOnly))
         return;  // every kind stays unusable
-    const int device = table.columnOf("Device");
-    const int package = table.columnOf("Package");
-    const int speed = table.columnOf("Speed");
-    const int condition = table.columnOf("Condition");
+    const auto [device, package, speed, condition] = nameColumnsOf(table);
     // The columns each kind reads: the cells it matches on, then its own.
     const std::array<std::vector<int>, 4> columns{
         std::vector<int>{device}, std::vector<int>{device, package},
@@ -185,18 +183,6 @@ const CachedPartList* TarnPartIndex::find(PartListKind kind, const std::string& 
 
 namespace {
 
-struct NameColumns {
-    int device, package, speed, condition;
-    std::size_t rowNeeds() const {
-        return static_cast<std::size_t>(std::max({device, package, speed, condition})) + 1;
-    }
-};
-
-NameColumns nameColumnsOf(const TarnSDSFileSection& table) {
-    return {table.columnOf("Device"), table.columnOf("Package"), table.columnOf("Speed"),
-            table.columnOf("Condition")};
-}
-
 std::string foldedRow(const std::vector<std::string>& row, const NameColumns& c) {
     return foldedFields(row[c.device], row[c.package], row[c.speed], row[c.condition]);
 }
@@ -221,8 +207,7 @@ bool TarnPartIndex::rowMatches(const std::string& part, const std::string& folde
     if (row == table.m_datas.end())
         return false;
     const NameColumns columns = nameColumnsOf(table);
-    return columns.device >= 0 && columns.package >= 0 && columns.speed >= 0 &&
-           columns.condition >= 0 && row->second.size() >= columns.rowNeeds() &&
+    return columns.complete() && row->second.size() >= columns.rowNeeds() &&
            foldedRow(row->second, columns) == foldedKey;
 }
 
