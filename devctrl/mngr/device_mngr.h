@@ -3,6 +3,7 @@
 // PM and answers every query by PM, family or full part name.
 
 #include <cstdint>
+#include <iosfwd>
 #include <map>
 #include <optional>
 #include <set>
@@ -13,6 +14,7 @@
 
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
+#include "devctrl/sds/write_result.h"
 
 class PM_DEVKEY;
 
@@ -129,7 +131,13 @@ class TarnDeviceMngr {
     bool enableASC(const std::string& part);
 
     // ---- writer and dump (mngr_write.cpp) ----
+    // Writes the support file of `pm` and says whether it worked (a PM that
+    // is not loaded writes nothing, with that as the reason); writeSDS is
+    // this with the answer dropped.
+    SdsWriteResult writeSupportFile(const std::string& pm, const std::string& path);
     void writeSDS(const std::string& pm, std::string path);
+    // Dumps the tables of `pm` to `out`; without it to standard output.
+    void printMe(const std::string& pm, std::ostream& out);
     void printMe(const std::string& pm);
 
     // ---- ASC data and device data report (device/asc_report.cpp) ----
