@@ -105,10 +105,10 @@ int TarnSDSFile::loadPWD_Bin_internal(const char* pm, const char* /*directory*/,
         if (section->kind() != PD_TBLSECT) {
             // Through the trace handler like every other load message, so a
             // host that collects traces sees this one too.
-            diagTrace((util::escapedForMessage(path.data()) +
-                       ": Device Info must have _TBLSECT format")
-                          .c_str(),
-                      nullptr);
+            diagTrace(
+                (util::escapedForMessage(path.data()) + ": Device Info must have _TBLSECT format")
+                    .c_str(),
+                nullptr);
             return 0;
         }
         auto* table = dynamic_cast<PD_TABLE*>(section);

@@ -102,8 +102,8 @@ void TarnSDSFile::printMe(std::ostream& out) const {
     out << "\n";
 
     printSection(out, m_pmSection, "PM map:\n", "PM items format: ", "PM items data: \n", ", ");
-    printSection(out, m_deviceSection, "Device map:\n", "Device items format: ",
-                 "Device items data: \n", ", ");
+    printSection(out, m_deviceSection, "Device map:\n",
+                 "Device items format: ", "Device items data: \n", ", ");
     printSection(out, m_packageSection, "Package map:\n",
                  "Package items format: ", "Package items data: \n", ",");
     printSection(out, m_partSection, "Def Part map:\n",

@@ -61,7 +61,8 @@ TEST(SdsWrite, SupportFileSaysWhyItWasNotWritten) {
     for (const Case& c : cases) {
         const auto result = family.writeSupportFile(c.target);
         EXPECT_FALSE(result.written) << c.target;
-        EXPECT_NE(result.reason.find("cannot write " + c.target), std::string::npos) << result.reason;
+        EXPECT_NE(result.reason.find("cannot write " + c.target), std::string::npos)
+            << result.reason;
         EXPECT_NE(result.reason.find(c.reason), std::string::npos) << result.reason;
     }
     EXPECT_EQ(devctrl_test::readFile(dir.file("plain")), "kept\n");
