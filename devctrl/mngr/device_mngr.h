@@ -15,6 +15,7 @@
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
 #include "devctrl/sds/write_result.h"
+#include "devctrl/util/string_list.h"
 
 class PM_DEVKEY;
 
@@ -23,7 +24,6 @@ namespace tarn::vyxpn {
 class TarnSDSFile;
 class TarnDeviceObj;
 
-using StringList = std::vector<std::string>;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
 class TarnDeviceMngr {

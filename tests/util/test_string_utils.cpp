@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"
 
 using namespace tarn::vyxpn::util;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 // Every token left in `t`, joined by '|'.
 static std::string rest(Tokenizer& t) {
@@ -23,8 +24,8 @@ TEST(Tokenizer, PerCallDelimitersDoNotStick) {
 }
 
 TEST(StringUtils, SplitTrimAndNumbers) {
-    EXPECT_EQ(split("a,,b,", ","), (Strings{"a", "b"}));
-    EXPECT_EQ(split(",,,", ","), Strings{});
+    EXPECT_EQ(split("a,,b,", ","), (StringList{"a", "b"}));
+    EXPECT_EQ(split(",,,", ","), StringList{});
     EXPECT_EQ(trim(" \t\r\n"), "");
     EXPECT_EQ(trim("\va "), "\va");
     // Conversion never throws: it reads the leading number, or 0.

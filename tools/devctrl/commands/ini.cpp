@@ -17,7 +17,7 @@
 namespace devctrl_tool {
 namespace {
 
-using StringList = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 namespace profile = tarn::vyxpn::util::profile;
 
 // Lists and values are read into buffers far larger than any line can be.
