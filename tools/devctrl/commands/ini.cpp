@@ -13,6 +13,7 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_write.h"
 #include "devctrl/util/quote.h"
+#include "devctrl/util/string_list.h"
 
 namespace devctrl_tool {
 namespace {
