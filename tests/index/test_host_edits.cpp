@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 
+#include "devctrl/util/string_list.h"
 #include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "sds/selection_fixture.h"

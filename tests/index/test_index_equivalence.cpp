@@ -10,6 +10,7 @@
 
 #include "bench/generator/catalogue_generator.h"
 #include "devctrl/mngr/comparators.h"
+#include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
 #include "index/library_lists.h"
 #include "index/reference_walks.h"

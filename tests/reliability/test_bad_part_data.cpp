@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_list.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "reliability/bad_data_support.h"

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_list.h"
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;
