@@ -14,13 +14,13 @@ TEST(JsonEncoding, StreamedExportEncodesTextsAsTheOtherCommands) {
         "B\"Q\t\xff"
         "2";
     TempDir dir;
-    writeFamily(dir,
-                "FAMILY = BDQ\nDEVICES = BQ1, " + odd + "\nPACKAGES = BQ1, BG10 : " + odd +
-                    ", BG10\nSPEEDS = BQ1, BG10, 1 : " + odd + ", BG10, 1\n",
-                "PM_ENABLE = true\nDEVICE_ITEMS = Status\nDEVICE_DATAS = BQ1, P : " + odd +
-                    ", P\nPACKAGE_ITEMS = ES, Condition\n"
-                    "PACKAGE_DATAS = BQ1, BG10, No, C : " +
-                    odd + ", BG10, No, C\n");
+    auto withOdd = [&](std::string text) {
+        for (std::size_t at = text.find("BQ2"); at != std::string::npos;
+             at = text.find("BQ2", at + odd.size()))
+            text.replace(at, 3, odd);
+        return text;
+    };
+    writeFamily(dir, withOdd(cleanFamilyKey()), withOdd(cleanDeviceAcd()));
     const std::string encoded =
         "\"B\\\"Q\\t\xEF\xBF\xBD"
         "2\"";
