@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 
 namespace devctrl_bench {
 

@@ -8,7 +8,7 @@
 #include <map>
 #include <string>
 
-#include "bench/generator/hostile_shapes.h"
+#include "generator/hostile_shapes.h"
 #include "platform/ut_trace.h"
 #include "startup_measure.h"
 

@@ -5,8 +5,8 @@
 // progress.
 
 #include "devctrl/device/device_obj.h"
-#include "devctrl/mngr/comparators.h"
-#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/util/comparators.h"
+#include "devctrl/sds/devstatus_flags.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/sds/sds_file_section.h"

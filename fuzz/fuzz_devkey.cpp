@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/base_lists.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/data_file.h"
 #include "platform/keyed_record_lines.h"

@@ -9,9 +9,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
-#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/sds/devstatus_flags.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"
 #include "support/fuzz_support.h"

@@ -78,10 +78,17 @@ class PM_DATABASE {
     std::vector<std::string> installedFamilies() const;
     const std::string& dataPath() const { return m_dataPath; }
 
+    // Name translations the manager has already asked of this database
+    // (family to PM, PM to family). They describe this data directory, so
+    // they go with the database rather than outlive it.
+    std::map<std::string, std::string>& familyToPmNames() const { return m_familyToPm; }
+    std::map<std::string, std::string>& pmToFamilyNames() const { return m_pmToFamily; }
+
   private:
     void traceSharedFamilyNames() const;
 
     std::string m_dataPath;
     std::vector<PM_RECORD> m_pms;
     std::map<std::string, std::size_t> m_byPm;
+    mutable std::map<std::string, std::string> m_familyToPm, m_pmToFamily;
 };

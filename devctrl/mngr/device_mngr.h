@@ -14,12 +14,11 @@
 #include <vector>
 
 #include "devctrl/mngr/part_owner_index.h"
+#include "devctrl/sds/asc_capacity.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
 #include "devctrl/sds/write_result.h"
 #include "devctrl/util/string_list.h"
-
-class PM_DEVKEY;
 
 namespace tarn::vyxpn {
 
@@ -28,7 +27,7 @@ class TarnDeviceObj;
 
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnDeviceMngr {
+class TarnDeviceMngr : public PartAscCapacity {
   public:
     TarnDeviceMngr();
     ~TarnDeviceMngr();
@@ -130,7 +129,7 @@ class TarnDeviceMngr {
                              const std::string& defaultValue);
     static bool stringToBool(const std::string& text);
     int getASCMaxNum(const std::string& part);
-    bool enableASC(const std::string& part);
+    bool enableASC(const std::string& part) override;
 
     // ---- writer and dump (mngr_write.cpp) ----
     // Writes the support file of `pm` and says whether it worked (a PM that
@@ -142,7 +141,7 @@ class TarnDeviceMngr {
     void printMe(const std::string& pm, std::ostream& out);
     void printMe(const std::string& pm);
 
-    // ---- ASC data and device data report (device/asc_report.cpp) ----
+    // ---- ASC data and device data report (mngr_asc_report.cpp) ----
     bool getInternalASCs(const std::string& part, std::map<std::string, int>& ascs);
     bool getSupportedASCs(const std::string& part, StringList& ascs);
     std::string getDefaultASC();
@@ -153,7 +152,7 @@ class TarnDeviceMngr {
     bool calcDeviceData(const std::string& part, KeyValueReport& data);
     bool calcDeviceData(TarnDeviceObj& dev, KeyValueReport& data);
 
-    // ---- validation (device/validation.cpp) ----
+    // ---- validation (mngr_validation.cpp) ----
     bool isValid(const TarnDeviceObj& dev, std::string& message);
     // The first checks of isValid alone: every linked chip is one the part
     // may link, with a count that is not negative. False with isValid's
@@ -185,6 +184,10 @@ class TarnDeviceMngr {
     // Changes whenever the indexes are dropped; cached answers that depend on
     // every loaded family (ASC capacity of a part) compare it.
     std::uint64_t indexGeneration() const { return m_indexGeneration; }
+    std::uint64_t ascCapacityGeneration() override {
+        noticeTableChanges(true);
+        return m_indexGeneration;
+    }
     // What the queries call first: compares the loaded families' tables (the
     // part tables alone, or with `everyTable` those that item lookups read
     // too) with how they looked when the indexes were begun, and drops the
@@ -220,8 +223,5 @@ class TarnDeviceMngr {
     std::vector<DataError> m_loadFailures;
     std::set<std::string> m_switchedOff;
 };
-
-// The ','-separated members of one key; empties `out` and returns the count.
-int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out);
 
 }  // namespace tarn::vyxpn

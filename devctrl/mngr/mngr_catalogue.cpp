@@ -3,8 +3,8 @@
 #include <cstring>
 #include <map>
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/util/comparators.h"
 #include "platform/base_settings.h"
 #include "platform/pm_database.h"
 #include "platform/pm_devkey.h"
@@ -38,7 +38,8 @@ std::string TarnDeviceMngr::baseFamilyToPm(const std::string& family) {
     if (family.empty())
         return "";
     // Only answers are cached: an unknown family is asked again next time.
-    static std::map<std::string, std::string> cache;
+    // The cache belongs to the database, so a new data directory starts afresh.
+    std::map<std::string, std::string>& cache = PM_DATABASE::buildMe()->familyToPmNames();
     auto cached = cache.find(family);
     if (cached != cache.end())
         return cached->second;
@@ -53,7 +54,7 @@ std::string TarnDeviceMngr::baseFamilyToPm(const std::string& family) {
 std::string TarnDeviceMngr::basePmToFamily(const std::string& pm) {
     if (pm.empty())
         return "";
-    static std::map<std::string, std::string> cache;
+    std::map<std::string, std::string>& cache = PM_DATABASE::buildMe()->pmToFamilyNames();
     auto cached = cache.find(pm);
     if (cached != cache.end())
         return cached->second;
@@ -80,16 +81,6 @@ char* TarnDeviceMngr::getValueByKey(const char* pm, const char* key) {
 std::string TarnDeviceMngr::getDefaultDevice() {
     BaseSettings settings{QString()};
     return settings.getDefaultStringSetting(QStringLiteral("Device")).toStdString();
-}
-
-int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out) {
-    out.clear();
-    int count = 0;
-    for (PM_DEVKEY_KEYITER iter(&keys, key, ',', 0, 0); iter.record(); iter.setupNextIAndJ()) {
-        out.emplace_back(iter.record());
-        ++count;
-    }
-    return count;
 }
 
 }  // namespace tarn::vyxpn

@@ -1,6 +1,6 @@
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 
 namespace tarn::vyxpn {
 

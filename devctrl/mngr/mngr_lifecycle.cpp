@@ -115,7 +115,6 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
         return false;
     }
     if (ready) {
-        file->m_holder = this;
         m_familyFiles[pm] = file.release();
         invalidateIndexes();
         return true;
@@ -141,7 +140,6 @@ void TarnDeviceMngr::adoptFamilyFile(TarnSDSFile* file) {
     if (slot != file)
         delete slot;
     slot = file;
-    file->m_holder = this;
     invalidateIndexes();
 }
 

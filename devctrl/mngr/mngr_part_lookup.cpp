@@ -1,4 +1,5 @@
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/item_flag.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 
@@ -59,8 +60,7 @@ std::string TarnDeviceMngr::getItemValue(const std::string& item, const std::str
 }
 
 bool TarnDeviceMngr::stringToBool(const std::string& text) {
-    const std::string lower = util::toLower(text);
-    return lower == "yes" || lower == "y" || lower == "true" || lower == "t" || lower == "1";
+    return itemFlagIsSet(text);
 }
 
 int TarnDeviceMngr::getASCMaxNum(const std::string& part) {

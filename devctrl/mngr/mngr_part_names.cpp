@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
@@ -44,12 +45,7 @@ std::string TarnDeviceMngr::getPartName(const std::string& pm, const std::string
     TarnSDSFile* file = getFamilyFile(pm);
     if (!file)
         return "";
-    const TarnSDSFileSection& parts = file->m_genericDevices;
-    const int deviceColumn = util::indexOf(parts.m_items, "Device");
-    const int speedColumn = util::indexOf(parts.m_items, "Speed");
-    const int packageColumn = util::indexOf(parts.m_items, "Package");
-    const int conditionColumn = util::indexOf(parts.m_items, "Condition");
-    if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
+    if (!nameColumnsOf(file->m_genericDevices).complete())
         return "";
     // Key order decides between parts that differ only in their suffix.
     const std::string* part = file->index().partByFields(device, package, speed, condition);

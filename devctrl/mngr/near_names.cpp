@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "devctrl/mngr/comparators.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
 

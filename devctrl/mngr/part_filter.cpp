@@ -8,10 +8,10 @@
 #include <unordered_set>
 #include <utility>
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/glob_match.h"
 #include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {
@@ -36,8 +37,9 @@ PartOwnerIndex::PartOwnerIndex(const std::map<std::string, TarnSDSFile*>& famili
         if (!file)
             continue;
         const TarnSDSFileSection& parts = file->m_genericDevices;
-        const std::array<int, 4> columns{parts.columnOf("Device"), parts.columnOf("Package"),
-                                         parts.columnOf("Speed"), parts.columnOf("Condition")};
+        std::array<int, 4> columns{};
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            columns[i] = parts.columnOf(kNameColumnNames[i]);
         // Without these columns the family answers no name lookup, so a
         // later family may own the name.
         if (*std::min_element(columns.begin(), columns.end()) < 0)

@@ -1,10 +1,10 @@
 #include "devctrl/mngr/part_search.h"
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/glob_match.h"
 
 namespace tarn::vyxpn {

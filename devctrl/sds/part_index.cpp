@@ -4,9 +4,8 @@
 #include <cctype>
 #include <unordered_set>
 
-#include "devctrl/mngr/comparators.h"
-#include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 
 namespace tarn::vyxpn {
 
@@ -69,7 +68,8 @@ std::string TarnPartIndex::listKey(PartListKind kind, const std::string& device,
 }
 
 std::uint64_t TarnPartIndex::managerGeneration() const {
-    return m_file.m_pDeviceMngr ? m_file.m_pDeviceMngr->indexGeneration() : 0;
+    PartAscCapacity* capacity = m_file.ascCapacity();
+    return capacity ? capacity->ascCapacityGeneration() : 0;
 }
 
 bool TarnPartIndex::buildObsoleteFlags() {
@@ -96,11 +96,9 @@ bool TarnPartIndex::buildAscFlags() {
     m_ascEnabled.assign(parts.size(), false);
     m_ascFailed = false;
     try {
-        if (TarnDeviceMngr* mngr = m_file.m_pDeviceMngr) {
-            std::size_t position = 0;
-            for (const auto& entry : parts)
-                m_ascEnabled[position++] = mngr->enableASC(entry.first);
-        }
+        std::size_t position = 0;
+        for (const auto& entry : parts)
+            m_ascEnabled[position++] = m_file.partTakesAsc(entry.first);
     } catch (...) {
         m_ascFailed = true;
     }

@@ -3,8 +3,7 @@
 
 #include <cstdint>
 
-#include "devctrl/device/device_obj.h"
-#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/item_flag.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 
@@ -51,7 +50,7 @@ bool TarnSDSFile::getSupportedASCs(const std::string& part, std::vector<std::str
     if (!splitPerAscType(getItemValue("ASCExtTypes", part, ""), m_ascTypes.size(), fields))
         return false;
     for (std::size_t i = 0; i < fields.size(); ++i)
-        if (TarnDeviceMngr::stringToBool(fields[i]))
+        if (itemFlagIsSet(fields[i]))
             ascs.push_back(m_ascTypes[i]);
     return true;
 }
@@ -96,11 +95,12 @@ void TarnSDSFile::_calcASCDataByType(const std::string& asc, int count,
     }
 }
 
-bool TarnSDSFile::calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const {
+bool TarnSDSFile::calcASCData(const std::string& part, const std::map<std::string, int>& linked,
+                              KeyValueReport& data) const {
     std::map<std::string, int> onBoard;
     // Without a usable on-board stock the part reports no ASC resources at
     // all, not even for linked chips.
-    if (!getInternalASCs(dev.m_part, onBoard))
+    if (!getInternalASCs(part, onBoard))
         return false;
 
     std::map<std::string, int> totals;
@@ -113,7 +113,7 @@ bool TarnSDSFile::calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const {
         }
     };
     addChips(onBoard);
-    addChips(dev.getAscMap());
+    addChips(linked);
 
     for (const auto& resource : m_ascResourceItems) {
         auto total = totals.find(resource);
@@ -125,7 +125,7 @@ bool TarnSDSFile::calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const {
 
 bool TarnSDSFile::calcDeviceData(const std::string& device, const std::string& package,
                                  KeyValueReport& data) const {
-    auto row = m_deviceInfo.m_datas.find(device + "_" + package);
+    auto row = m_deviceInfo.m_datas.find(devicePackageKey(device, package));
     if (row == m_deviceInfo.m_datas.end())
         return false;
     const auto& items = m_deviceInfo.m_items;

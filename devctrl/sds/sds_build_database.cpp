@@ -1,7 +1,7 @@
 #include <set>
 #include <unordered_set>
 
-#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/base_lists.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
@@ -20,10 +20,6 @@ const std::vector<std::string> kListedColumns{"Device", "Package", "Speed", "Con
 // least one item value; shorter rows end the listing.
 constexpr std::size_t kListedRowMinimum = 6;
 constexpr std::size_t kListedFieldCount = 5;
-
-std::string deviceInfoKey(const std::string& device, const std::string& package) {
-    return device + "_" + package;
-}
 
 void setPartColumns(const TarnSDSFile& file, const std::vector<std::string>& fixed,
                     TarnSDSFileSection& parts) {
@@ -89,7 +85,7 @@ void setResourceColumns(TarnSDSFile& file) {
 }
 
 void appendResourceRow(TarnSDSFile& file, const std::string& device, const std::string& package) {
-    std::vector<std::string>& row = file.m_deviceInfo.m_datas[deviceInfoKey(device, package)];
+    std::vector<std::string>& row = file.m_deviceInfo.m_datas[devicePackageKey(device, package)];
     for (const std::string& item : file.m_resourceItems)
         row.push_back(file.internalGetDevPkgItemValue(item, device, package, "-"));
 }
@@ -122,10 +118,6 @@ void traceMissingSuffix(const TarnSDSFile& file, const std::string& tablePath,
     diagTrace(message.c_str(), nullptr);
 }
 
-char conditionCode(char condition) {
-    return (condition == 'A' || condition == 'a') ? 'E' : condition;
-}
-
 }  // namespace
 
 void TarnSDSFile::buildDatabase() {
@@ -144,7 +136,7 @@ void TarnSDSFile::_buildDatabase_auto() {
     setPartColumns(*this, kAutoColumns, m_genericDevices);
 
     std::vector<std::string> devices;
-    TarnDeviceMngr::baseGetDevices(m_pm, devices);
+    pmDevices(m_pm, devices);
     const bool listedMode = !m_partSection.m_datas.empty();
     const std::unordered_set<std::string> deviceExceptions(m_deviceExceptions.begin(),
                                                            m_deviceExceptions.end());
@@ -161,7 +153,7 @@ void TarnSDSFile::_buildDatabase_auto() {
     for (const std::string& device : devices) {
         if (!listedMode && deviceExceptions.count(device))
             continue;
-        TarnDeviceMngr::baseGetPackages(m_pm, device, packages);
+        pmPackages(m_pm, device, packages);
         for (const std::string& package : packages) {
             if (!listedMode && packageExceptions.count({device, package}))
                 continue;
@@ -172,7 +164,7 @@ void TarnSDSFile::_buildDatabase_auto() {
                 internalGetDevPkgItemValue("Condition", device, package, "IC");
             const std::string shortPackage = getShortPackage(device, package);
             customItems.startDevicePackage(device, package);
-            TarnDeviceMngr::baseGetSpeeds(m_pm, device, package, speeds);
+            pmSpeeds(m_pm, device, package, speeds);
             for (const std::string& speed : speeds) {
                 for (char condition : conditions) {
                     for (const std::string& suffix : suffixes) {
@@ -186,7 +178,7 @@ void TarnSDSFile::_buildDatabase_auto() {
                         row.push_back(device);
                         row.push_back(speed);
                         row.push_back(package);
-                        row.push_back(shortPackage + conditionCode(condition) + suffix);
+                        row.push_back(shortPackage + partConditionLetter(condition) + suffix);
                         row.push_back(getFullConditionName(condition));
                         row.push_back(suffix);
                         customItems.append(part, row);
@@ -207,7 +199,7 @@ void TarnSDSFile::_buildDatabase_auto() {
     for (const std::string& device : devices) {
         if (deviceExceptions.count(device))
             continue;
-        TarnDeviceMngr::baseGetPackages(m_pm, device, packages);
+        pmPackages(m_pm, device, packages);
         for (const std::string& package : packages)
             if (!packageExceptions.count({device, package}))
                 appendResourceRow(*this, device, package);
@@ -253,9 +245,9 @@ void TarnSDSFile::_buildDatabase_opn() {
 
     setResourceColumns(*this);
     std::vector<std::string> devices, packages;
-    TarnDeviceMngr::baseGetDevices(m_pm, devices);
+    pmDevices(m_pm, devices);
     for (const std::string& device : devices) {
-        TarnDeviceMngr::baseGetPackages(m_pm, device, packages);
+        pmPackages(m_pm, device, packages);
         for (const std::string& package : packages)
             appendResourceRow(*this, device, package);
     }

@@ -12,14 +12,7 @@
 
 namespace tarn::vyxpn {
 
-TarnSDSFile::TarnSDSFile(std::string pm, TarnDeviceMngr* mngr)
-    : m_pm(std::move(pm)), m_pDeviceMngr(mngr) {}
-
 TarnSDSFile::~TarnSDSFile() {
-    // Going away, possibly while the manager deletes all of its families:
-    // nobody is left to tell.
-    m_pDeviceMngr = nullptr;
-    m_holder = nullptr;
     resetAll();
 }
 

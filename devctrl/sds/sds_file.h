@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "devctrl/sds/asc_capacity.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/item_source.h"
 #include "devctrl/sds/part_index.h"
@@ -24,6 +25,7 @@ using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
 class TarnSDSFile {
   public:
+    // Defined with the manager, which is the family's PartAscCapacity.
     TarnSDSFile(std::string pm, TarnDeviceMngr* mngr);
     ~TarnSDSFile();
     TarnSDSFile(const TarnSDSFile&) = delete;
@@ -88,6 +90,10 @@ class TarnSDSFile {
     void getSortedList(PartListKind kind, const std::string& device, const std::string& package,
                        const std::string& speed, std::vector<std::string>& list, bool withObsolete,
                        bool ascOnly) const;
+    // The filter every part list applies: obsolete parts count only with
+    // `withObsolete`, and with `ascOnly` only parts that may use ASC chips.
+    bool partPasses(const std::string& part, bool withObsolete, bool ascOnly) const;
+    bool partTakesAsc(const std::string& part) const;
     // Whether getAllParts would list anything.
     bool anyPartPasses(bool withObsolete, bool ascOnly) const;
     static void filterVector(std::vector<std::string>& row, const std::vector<int>& keep);
@@ -130,6 +136,8 @@ class TarnSDSFile {
                       std::string& package, std::string& speed, std::string& condition) const;
     bool isObsDevice(const std::string& part) const;
     static std::string getFullConditionName(char condition);
+    // The letter a condition adds to a part's name (and short package).
+    static char partConditionLetter(char condition);
 
     // ---- ASC data and device data (sds_asc.cpp) ----
     bool getInternalASCs(const std::string& part, std::map<std::string, int>& ascs) const;
@@ -139,13 +147,18 @@ class TarnSDSFile {
                            std::string& value) const;
     void _calcASCDataByType(const std::string& asc, int count,
                             std::map<std::string, int>& resources) const;
-    bool calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const;
+    bool calcASCData(TarnDeviceObj& dev, KeyValueReport& data) const;  // in device/
+    // The same for a part and the chips linked to it, which is all the
+    // report reads of a device object.
+    bool calcASCData(const std::string& part, const std::map<std::string, int>& linked,
+                     KeyValueReport& data) const;
     bool calcDeviceData(const std::string& device, const std::string& package,
                         KeyValueReport& data) const;
 
     // ---- indexes of the part table (sds_index.cpp) ----
     // Queries keep indexes of the tables, built when first needed. Loading,
-    // resetting and building drop them (and the manager's). The tables below
+    // resetting and building drop them and bump version(), which the
+    // manager's indexes compare before they answer. The tables below
     // are public, and a host may edit them between queries:
     // - Adding or erasing rows, clearing or refilling a table, adding or
     //   removing columns: noticed by the next query (row and column counts
@@ -162,9 +175,12 @@ class TarnSDSFile {
     // Drops this family's indexes only (the manager does this for each of its
     // families when any of them changes).
     void dropOwnIndexes() { m_index.reset(); }
+    // Changes each time the indexes are invalidated, so that whoever indexes
+    // this family's tables (the manager) notices edits it cannot see.
+    std::uint64_t version() const { return m_version; }
     // The index, after checking that the tables still look as they did when
     // it was begun. `ascOnly` answers depend on every family the manager
-    // holds (which one owns a name), so those check the manager too.
+    // holds (which one owns a name), so those check ascCapacity() too.
     TarnPartIndex& index(bool ascOnly = false) const;
 
     // ---- writer and dump (sds_write.cpp) ----
@@ -198,15 +214,18 @@ class TarnSDSFile {
     std::vector<std::string> m_ascResourceItems;
     std::string m_defaultASC;
     std::string m_partGenerateMethod;
+    // The manager given at construction; this layer never calls it.
     TarnDeviceMngr* m_pDeviceMngr = nullptr;
 
+    // Who decides which parts may use ASC chips; null when nobody does, and
+    // then no part may.
+    PartAscCapacity* ascCapacity() const { return m_ascCapacity; }
+
   private:
-    friend class TarnDeviceMngr;
     mutable std::unique_ptr<TarnPartIndex> m_index;
     bool m_switchedOff = false;
-    // The manager holding this family, told of changes too: it need not be
-    // the one in m_pDeviceMngr.
-    TarnDeviceMngr* m_holder = nullptr;
+    std::uint64_t m_version = 0;
+    PartAscCapacity* m_ascCapacity = nullptr;
 };
 
 }  // namespace tarn::vyxpn

@@ -26,4 +26,10 @@ class TarnSDSFileSection {
     std::map<std::string, std::vector<std::string>> m_datas;
 };
 
+// The row key of tables kept per device and package (the package table, the
+// resource table).
+inline std::string devicePackageKey(const std::string& device, const std::string& package) {
+    return device + "_" + package;
+}
+
 }  // namespace tarn::vyxpn

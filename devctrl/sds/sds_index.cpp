@@ -1,4 +1,3 @@
-#include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {
@@ -6,8 +5,8 @@ namespace tarn::vyxpn {
 TarnPartIndex& TarnSDSFile::index(bool ascOnly) const {
     if (m_index && !m_index->tablesUnchanged())
         m_index.reset();
-    if (ascOnly && m_pDeviceMngr)
-        m_pDeviceMngr->noticeTableChanges(true);
+    if (ascOnly && m_ascCapacity)
+        m_ascCapacity->ascCapacityGeneration();  // drops stale answers it gave
     if (!m_index)
         m_index = std::make_unique<TarnPartIndex>(*this);
     return *m_index;
@@ -15,11 +14,9 @@ TarnPartIndex& TarnSDSFile::index(bool ascOnly) const {
 
 void TarnSDSFile::invalidateIndexes() {
     dropOwnIndexes();
-    // The manager's indexes (part owners, ASC capacity) read this family too.
-    if (m_pDeviceMngr)
-        m_pDeviceMngr->invalidateIndexes();
-    if (m_holder && m_holder != m_pDeviceMngr)
-        m_holder->invalidateIndexes();
+    // Indexes of this family held elsewhere (the manager's part owners and
+    // ASC capacity) compare the version before they answer.
+    ++m_version;
 }
 
 }  // namespace tarn::vyxpn

@@ -26,7 +26,8 @@ ItemSource TarnSDSFile::locateDevPkgItem(const std::string& item, const std::str
     // there means "no value", not "ask the coarser table".
     int column = m_packageSection.columnOf(item);
     if (column >= 0)
-        return {ItemOrigin::Package, m_packageSection.cell(device + "_" + package, column)};
+        return {ItemOrigin::Package,
+                m_packageSection.cell(devicePackageKey(device, package), column)};
     if ((column = m_deviceSection.columnOf(item)) >= 0)
         return {ItemOrigin::Device, m_deviceSection.cell(device, column)};
     if ((column = m_pmSection.columnOf(item)) >= 0)

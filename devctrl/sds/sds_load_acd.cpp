@@ -1,7 +1,7 @@
 #include <cstdlib>
 #include <functional>
 
-#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/base_lists.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
@@ -133,7 +133,7 @@ bool TarnSDSFile::loadDeviceAcd() {
     readRecords(keys, "PACKAGE_DATAS", [&](StringList& fields) {
         std::string device = fields.size() > 0 ? fields[0] : std::string();
         std::string package = fields.size() > 1 ? fields[1] : std::string();
-        m_packageSection.m_datas[device + "_" + package] = valuesAfter(fields, 2);
+        m_packageSection.m_datas[devicePackageKey(device, package)] = valuesAfter(fields, 2);
     });
 
     g_getMemerItems(keys, "PART_ITEMS", m_partSection.m_items);

@@ -1,24 +1,22 @@
 #include <unordered_set>
 
-#include "devctrl/mngr/comparators.h"
-#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
 
-namespace {
-
-// Obsolete parts count only on request; with `ascOnly` only parts that can
-// use ASC chips count. Without a manager nothing is known to take ASC chips.
-bool passesFilters(const TarnSDSFile& file, const std::string& part, bool withObsolete,
-                   bool ascOnly) {
-    if (!withObsolete && file.isObsDevice(part))
-        return false;
-    if (ascOnly && !(file.m_pDeviceMngr && file.m_pDeviceMngr->enableASC(part)))
-        return false;
-    return true;
+bool TarnSDSFile::partTakesAsc(const std::string& part) const {
+    // Without a manager nothing is known to take ASC chips.
+    return m_ascCapacity && m_ascCapacity->enableASC(part);
 }
+
+bool TarnSDSFile::partPasses(const std::string& part, bool withObsolete, bool ascOnly) const {
+    return (withObsolete || !isObsDevice(part)) && (!ascOnly || partTakesAsc(part));
+}
+
+namespace {
 
 // A column whose cell a part must hold exactly (case matters) to count.
 struct ColumnMatch {
@@ -56,7 +54,7 @@ void collectDistinct(const TarnSDSFile& file, const char* wanted,
                 break;
             }
         }
-        if (!matching || !passesFilters(file, part, withObsolete, ascOnly))
+        if (!matching || !file.partPasses(part, withObsolete, ascOnly))
             continue;
         const std::string& cell = row.at(wantedColumn);
         if (seen.insert(cell).second)
@@ -69,7 +67,7 @@ void collectDistinct(const TarnSDSFile& file, const char* wanted,
 bool collectList(const TarnSDSFile& file, PartListKind kind, const std::string& device,
                  const std::string& package, const std::string& speed,
                  std::vector<std::string>& list, bool withObsolete, bool ascOnly, bool sorted) {
-    static const char* const kWanted[] = {"Device", "Package", "Speed", "Condition"};
+    const auto& kWanted = kNameColumnNames;
     const auto slot = static_cast<std::size_t>(kind);
     const TarnSDSFileSection& parts = file.m_genericDevices;
     if (parts.columnOf(kWanted[slot]) < 0 || parts.columnOf("Status") < 0)
@@ -152,7 +150,7 @@ void TarnSDSFile::getAllParts(std::vector<std::string>& list, bool withObsolete,
         return;
     }
     for (const auto& entry : parts) {
-        if (passesFilters(*this, entry.first, withObsolete, ascOnly))
+        if (partPasses(entry.first, withObsolete, ascOnly))
             list.push_back(entry.first);
     }
 }

@@ -1,19 +1,18 @@
 #include <cctype>
 
-#include "devctrl/mngr/devstatus_flags.h"
 #include "devctrl/sds/data_error.h"
+#include "devctrl/sds/devstatus_flags.h"
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
 
-namespace {
-// Automotive parts carry the letter E in their names; the condition column
-// still says AUTO.
-char partConditionLetter(char condition) {
-    return (condition == 'A' || condition == 'a') ? 'e' : condition;
+char TarnSDSFile::partConditionLetter(char condition) {
+    // Automotive parts carry the letter E in their names; the condition
+    // column still says AUTO.
+    return (condition == 'A' || condition == 'a') ? 'E' : condition;
 }
-}  // namespace
 
 std::string TarnSDSFile::getShortPackage(const std::string& device,
                                          const std::string& package) const {
@@ -71,18 +70,15 @@ bool TarnSDSFile::getNameByPart(const std::string& part, std::string& device, st
 bool TarnSDSFile::getNameByRow(const std::vector<std::string>& cells, std::string& device,
                                std::string& package, std::string& speed,
                                std::string& condition) const {
-    const int deviceColumn = m_genericDevices.columnOf("Device");
-    const int speedColumn = m_genericDevices.columnOf("Speed");
-    const int packageColumn = m_genericDevices.columnOf("Package");
-    const int conditionColumn = m_genericDevices.columnOf("Condition");
-    if (deviceColumn < 0 || speedColumn < 0 || packageColumn < 0 || conditionColumn < 0)
+    const NameColumns columns = nameColumnsOf(m_genericDevices);
+    if (!columns.complete())
         return false;
     // Range-checked on purpose: a short row is broken data and must not pass
     // as an empty field.
-    const std::string& deviceCell = cells.at(deviceColumn);
-    const std::string& packageCell = cells.at(packageColumn);
-    const std::string& speedCell = cells.at(speedColumn);
-    const std::string& conditionCell = cells.at(conditionColumn);
+    const std::string& deviceCell = cells.at(columns.device);
+    const std::string& packageCell = cells.at(columns.package);
+    const std::string& speedCell = cells.at(columns.speed);
+    const std::string& conditionCell = cells.at(columns.condition);
     device = deviceCell;
     package = packageCell;
     speed = speedCell;

@@ -11,18 +11,20 @@ std::array<const TarnSDSFileSection*, FamilyTablesStamp::kTables> FamilyTablesSt
             &file.m_deviceSection, &file.m_pmSection};
 }
 
-FamilyTablesStamp::FamilyTablesStamp(const TarnSDSFile& file) : m_file(&file) {
+FamilyTablesStamp::FamilyTablesStamp(const TarnSDSFile& file)
+    : m_file(&file), m_version(file.version()) {
     const auto tables = tablesOf(file);
     for (std::size_t i = 0; i < kTables; ++i)
         m_tables[i] = TableStamp(*tables[i]);
 }
 
 bool FamilyTablesStamp::partTableMatches(const TarnSDSFile& file) const {
-    return m_file == &file && m_tables[0].matches(file.m_genericDevices);
+    return m_file == &file && m_version == file.version() &&
+           m_tables[0].matches(file.m_genericDevices);
 }
 
 bool FamilyTablesStamp::matches(const TarnSDSFile& file) const {
-    if (m_file != &file)
+    if (m_file != &file || m_version != file.version())
         return false;
     const auto tables = tablesOf(file);
     for (std::size_t i = 0; i < kTables; ++i)

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "devctrl/sds/sds_file_section.h"
@@ -40,7 +41,8 @@ class TableStamp {
 };
 
 // The tables of one family that indexed answers depend on: the part table,
-// and the tables item lookups read (a part's Status and ASCMaxNum).
+// and the tables item lookups read (a part's Status and ASCMaxNum), and the
+// family's version, which its invalidateIndexes() bumps for edits in place.
 class FamilyTablesStamp {
   public:
     explicit FamilyTablesStamp(const TarnSDSFile& file);
@@ -53,6 +55,7 @@ class FamilyTablesStamp {
     static std::array<const TarnSDSFileSection*, kTables> tablesOf(const TarnSDSFile& file);
 
     const TarnSDSFile* m_file;
+    std::uint64_t m_version;
     std::array<TableStamp, kTables> m_tables;
 };
 

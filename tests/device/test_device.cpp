@@ -156,6 +156,32 @@ TEST_F(Device, ValidationNamesTheFirstProblem) {
     EXPECT_EQ(check("ZR4-6QF48C"), "Can't add external ASC chip for device 'ZR4-6QF48C'.");
 }
 
+// A manager that is not the process-wide one still counts the chips on
+// board from its own families, not from whichever manager is global.
+TEST_F(Device, ValidationCountsOnBoardChipsOfItsOwnFamilies) {
+    struct Case {
+        std::string part;
+        std::vector<std::string> linked;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {"ZR4-6BG100C", {"AX1", "AX2"}, "valid"},
+        {"ZR4-6BG100C",
+         {"AX1", "AX2", "AX1"},
+         "Total external linked ASC chips number 2 for device 'ZR4-6BG100C' will be exceeded"},
+        // One chip on board and no capacity: refused even with nothing linked.
+        {"ZR4-6QF48C", {}, "Can't add external ASC chip for device 'ZR4-6QF48C'."},
+    };
+    TarnDeviceMngr unrelated;  // holds no family at all
+    TarnDeviceMngr::m_pMngr = &unrelated;
+    std::vector<std::string> results;
+    for (const Case& c : cases)
+        results.push_back(check(c.part, c.linked));
+    TarnDeviceMngr::m_pMngr = mngr;
+    for (std::size_t i = 0; i < cases.size(); ++i)
+        EXPECT_EQ(results[i], cases[i].expected) << i;
+}
+
 TEST_F(Device, CheckDeviceFollowsTheNameListAndTheSampleSuffix) {
     auto checkName = [&](const std::string& name) {
         std::string newName = "-";

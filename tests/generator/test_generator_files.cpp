@@ -8,7 +8,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 #include "support/test_env.h"
 
 using devctrl_test::TempDir;

@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 
 namespace devctrl_test::ref {
 

@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <set>
 
-#include "bench/generator/catalogue_generator.h"
-#include "devctrl/mngr/comparators.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
+#include "generator/catalogue_generator.h"
 #include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "support/test_env.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "devctrl/mngr/comparators.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/string_list.h"
 
 using tarn::vyxpn::PKGSTRgreater;

@@ -22,31 +22,29 @@ void writeBaseFamily(const devctrl_test::TempDir& dir, const std::string& pm,
 
 }  // namespace
 
-// PM codes of its own: the family/PM name caches live for the whole process,
-// so reusing the sample data's codes would leak answers into other tests.
 TEST(MngrEnumeration, FamiliesAppendedAndSortedAndBaseLists) {
     devctrl_test::TempDir dir;
-    writeBaseFamily(dir, "en1a00", "ZR12X");
-    writeBaseFamily(dir, "en2a00", "ZR4X");
-    writeBaseFamily(dir, "en3a00", "ZR4X");  // the same family name again
+    writeBaseFamily(dir, "zr1a00", "ZR12X");
+    writeBaseFamily(dir, "zr2b00", "ZR4X");
+    writeBaseFamily(dir, "zr3c00", "ZR4X");  // the same family name again
     devctrl_test::DataDirScope scope(dir.path());
     TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
     // A family name selects its first PM only, so the second PM of ZR4X is
     // not loaded with the others.
     EXPECT_EQ(mngr.getFamilyFiles().size(), 2u);
-    ASSERT_TRUE(mngr.loadDeviceInfo("en3a00", true));
+    ASSERT_TRUE(mngr.loadDeviceInfo("zr3c00", true));
 
     StringList out{"ZR5X"};
     mngr.getAllFamilies(out, true, false);
     EXPECT_EQ(out, (StringList{"ZR4X", "ZR4X", "ZR5X", "ZR12X"})) << "appended; duplicates stay";
     // Base lists read family.key: speed grades in natural order, conditions
     // per grade; generation uses the same conditions.
-    TarnDeviceMngr::baseGetSpeeds("en1a00", "ZR12", "BG100", out);
+    TarnDeviceMngr::baseGetSpeeds("zr1a00", "ZR12", "BG100", out);
     EXPECT_EQ(out, (StringList{"6", "7", "8", "12"}));
-    TarnDeviceMngr::baseGetOperations("en1a00", "ZR12", "BG100", "6", out);
+    TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "6", out);
     EXPECT_EQ(out, (StringList{"Commercial", "Industrial"}));
-    TarnDeviceMngr::baseGetOperations("en1a00", "ZR12", "BG100", "8", out);
+    TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "8", out);
     EXPECT_EQ(out, StringList{"Industrial"});
-    mngr.getOperations("en1a00", "ZR12", "BG100", "8", out, false, false);
+    mngr.getOperations("zr1a00", "ZR12", "BG100", "8", out, false, false);
     EXPECT_EQ(out, (StringList{"COM", "IND"}));
 }

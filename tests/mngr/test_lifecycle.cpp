@@ -100,11 +100,13 @@ TEST(ManagerCatalogue, FamiliesPmsNamesAndKeys) {
     EXPECT_EQ(TarnDeviceMngr::basePmToFamily("lc5a00"), "LCCACHE") << "the record's first name";
     EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("LCLATER"), "");
 
-    // Answers already given come from the caches; unknown names are asked again.
+    // Another data directory means another database: answers cached for the
+    // first one must not leak into it.
     TempDir other;
     writePm(other, "lc6a00", "LCLATER, LCCACHE2");
     DataDirScope otherScope(other.path());
-    EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("lccache2"), "lc5a00");
+    EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("lccache2"), "lc6a00");
+    EXPECT_EQ(TarnDeviceMngr::basePmToFamily("lc5a00"), "");
     EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("LCLATER"), "lc6a00");
     EnvGuard env("DEVCTRL_SETTINGS", dir.write("settings.ini", "Device=ZQ12-6BG100C\n").c_str());
     EXPECT_EQ(TarnDeviceMngr::getDefaultDevice(), "ZQ12-6BG100C");

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/sds/devstatus_flags.h"
 #include "sds/selection_fixture.h"
 
 using namespace tarn::vyxpn;

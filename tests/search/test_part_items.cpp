@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/part_items.h"
 #include "devctrl/sds/sds_file.h"

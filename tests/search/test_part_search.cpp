@@ -6,7 +6,7 @@
 
 #include <functional>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 #include "json_stream.h"
 
 namespace devctrl_tool {
@@ -61,17 +62,13 @@ bool isPartField(const std::string& column) {
 
 }  // namespace
 
-FamilyWalk::FamilyWalk(tarn::vyxpn::TarnDeviceMngr& mngr, const tarn::vyxpn::TarnSDSFile& file,
-                       bool withObsolete, bool ascOnly)
+FamilyWalk::FamilyWalk(const tarn::vyxpn::TarnSDSFile& file, bool withObsolete, bool ascOnly)
     : m_file(file), m_parts(file.m_genericDevices) {
-    const int device = m_parts.columnOf("Device"), package = m_parts.columnOf("Package"),
-              speed = m_parts.columnOf("Speed"), condition = m_parts.columnOf("Condition");
+    const auto [device, package, speed, condition] = tarn::vyxpn::nameColumnsOf(m_parts);
     // The list queries answer only when the status column exists.
     const bool listable = m_parts.columnOf("Status") >= 0;
     for (const auto& [part, row] : m_parts.m_datas) {
-        if (!withObsolete && file.isObsDevice(part))
-            continue;
-        if (ascOnly && !mngr.enableASC(part))
+        if (!file.partPasses(part, withObsolete, ascOnly))
             continue;
         m_passing.emplace_back(&part, &row);
         if (!listable || device < 0)

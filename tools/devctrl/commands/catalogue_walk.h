@@ -20,9 +20,8 @@ namespace devctrl_tool {
 
 class FamilyWalk {
   public:
-    // Parts pass the filters as in the list queries.
-    FamilyWalk(tarn::vyxpn::TarnDeviceMngr& mngr, const tarn::vyxpn::TarnSDSFile& file,
-               bool withObsolete, bool ascOnly);
+    // Parts pass the family's own filter, as in the list queries.
+    FamilyWalk(const tarn::vyxpn::TarnSDSFile& file, bool withObsolete, bool ascOnly);
     // The object of one PM: family, devices, packages per device, speeds per
     // device and package, conditions per device, package and speed, and the
     // parts with their fields and custom items; every list in natural order.

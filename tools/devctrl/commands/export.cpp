@@ -2,9 +2,9 @@
 
 #include "catalogue_walk.h"
 #include "command.h"
-#include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
 #include "json_stream.h"
 #include "name_lookup.h"
 
@@ -45,7 +45,8 @@ class ExportCommand : public Command {
         StringList families;
         for (const std::string& pm : pms) {
             const std::string family = TarnDeviceMngr::basePmToFamily(pm);
-            if (!family.empty() && hasPassingPart(mngr, *mngr.getFamilyFile(pm)))
+            if (!family.empty() &&
+                mngr.getFamilyFile(pm)->anyPartPasses(m_filters.withObsolete, m_filters.ascOnly))
                 families.push_back(family);
         }
         tarn::vyxpn::sortNatural(families);
@@ -57,8 +58,7 @@ class ExportCommand : public Command {
         bool first = true;
         for (const std::string& pm : pms) {
             context.subject = "PM " + pm;
-            FamilyWalk walk(mngr, *mngr.getFamilyFile(pm), m_filters.withObsolete,
-                            m_filters.ascOnly);
+            FamilyWalk walk(*mngr.getFamilyFile(pm), m_filters.withObsolete, m_filters.ascOnly);
             out << (first ? "\n    " : ",\n    ");
             first = false;
             writeJsonString(out, pm);
@@ -71,17 +71,6 @@ class ExportCommand : public Command {
     }
 
   private:
-    bool hasPassingPart(TarnDeviceMngr& mngr, const TarnSDSFile& file) const {
-        for (const auto& entry : file.m_genericDevices.m_datas) {
-            if (!m_filters.withObsolete && file.isObsDevice(entry.first))
-                continue;
-            if (m_filters.ascOnly && !mngr.enableASC(entry.first))
-                continue;
-            return true;
-        }
-        return false;
-    }
-
     std::string m_pm;
     PartFilters m_filters;
 };

@@ -1,7 +1,7 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 #include "command.h"
 
 namespace devctrl_tool {

@@ -1,4 +1,4 @@
-#include "bench/generator/hostile_shapes.h"
+#include "generator/hostile_shapes.h"
 
 #include <filesystem>
 #include <fstream>

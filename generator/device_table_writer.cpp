@@ -1,7 +1,7 @@
 #include <vector>
 
-#include "bench/generator/family_files_writer.h"
-#include "bench/generator/keyed_file_writer.h"
+#include "generator/family_files_writer.h"
+#include "generator/keyed_file_writer.h"
 
 namespace tarn::vyxpn::gen {
 

@@ -1,7 +1,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "bench/generator/family_files_writer.h"
+#include "generator/family_files_writer.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 

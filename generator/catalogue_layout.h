@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "bench/generator/family_plan.h"
-#include "bench/generator/random_source.h"
+#include "generator/family_plan.h"
+#include "generator/random_source.h"
 
 namespace tarn::vyxpn::gen {
 

@@ -1,4 +1,4 @@
-#include "bench/generator/catalogue_layout.h"
+#include "generator/catalogue_layout.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/generator/random_source.h"
+#include "generator/random_source.h"
 
 namespace tarn::vyxpn::gen {
 

@@ -1,10 +1,10 @@
-#include "bench/generator/family_planner.h"
+#include "generator/family_planner.h"
 
 #include <algorithm>
 #include <unordered_set>
 
-#include "bench/generator/package_catalogue.h"
-#include "bench/generator/part_names.h"
+#include "generator/package_catalogue.h"
+#include "generator/part_names.h"
 
 namespace tarn::vyxpn::gen {
 

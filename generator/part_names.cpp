@@ -1,4 +1,4 @@
-#include "bench/generator/part_names.h"
+#include "generator/part_names.h"
 
 #include "devctrl/sds/sds_file.h"
 

@@ -1,4 +1,4 @@
-#include "devctrl/mngr/comparators.h"
+#include "devctrl/util/comparators.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,5 @@
-#include "bench/generator/family_files_writer.h"
-#include "bench/generator/keyed_file_writer.h"
+#include "generator/family_files_writer.h"
+#include "generator/keyed_file_writer.h"
 
 namespace tarn::vyxpn::gen {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "bench/generator/family_plan.h"
+#include "generator/family_plan.h"
 
 namespace tarn::vyxpn::gen {
 

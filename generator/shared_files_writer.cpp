@@ -1,11 +1,11 @@
-#include "bench/generator/shared_files_writer.h"
+#include "generator/shared_files_writer.h"
 
 #include <fstream>
 #include <set>
 #include <stdexcept>
 
-#include "bench/generator/family_files_writer.h"
-#include "bench/generator/keyed_file_writer.h"
+#include "generator/family_files_writer.h"
+#include "generator/keyed_file_writer.h"
 
 namespace tarn::vyxpn::gen {
 

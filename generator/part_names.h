@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/generator/family_plan.h"
+#include "generator/family_plan.h"
 
 namespace tarn::vyxpn::gen {
 

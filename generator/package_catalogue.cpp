@@ -1,4 +1,4 @@
-#include "bench/generator/package_catalogue.h"
+#include "generator/package_catalogue.h"
 
 namespace tarn::vyxpn::gen {
 

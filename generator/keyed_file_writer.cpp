@@ -1,4 +1,4 @@
-#include "bench/generator/keyed_file_writer.h"
+#include "generator/keyed_file_writer.h"
 
 #include <stdexcept>
 

@@ -1,4 +1,4 @@
-#include "devctrl/mngr/devstatus_flags.h"
+#include "devctrl/sds/devstatus_flags.h"
 
 #include <cctype>
 

@@ -2,6 +2,8 @@
 // device name that may have been renamed or superseded (checkDevice).
 
 #include <algorithm>
+#include <map>
+#include <numeric>
 
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
@@ -9,6 +11,18 @@
 #include "devctrl/util/string_utils.h"
 
 namespace tarn::vyxpn {
+
+namespace {
+// The part's on-board chips as this manager's families give them; the device
+// object would ask the process-wide manager, which need not be this one.
+int onBoardChips(TarnDeviceMngr& mngr, const std::string& part) {
+    std::map<std::string, int> onBoard;
+    if (part.empty() || !mngr.getInternalASCs(part, onBoard))
+        return 0;
+    return std::accumulate(onBoard.begin(), onBoard.end(), 0,
+                           [](int sum, const auto& entry) { return sum + entry.second; });
+}
+}  // namespace
 
 bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
     const std::string& part = dev.m_part;
@@ -20,7 +34,8 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
 
     if (!checkLinkedASCs(dev, message))
         return false;
-    if (!dev.useASC())
+    const int onBoard = onBoardChips(*this, part);
+    if (onBoard + dev.externalTotalAscNumber() < 1)
         return true;
 
     // Runs whenever chips are used at all, so a part with only on-board chips
@@ -31,7 +46,7 @@ bool TarnDeviceMngr::isValid(const TarnDeviceObj& dev, std::string& message) {
         return false;
     }
 
-    int allowedExternal = maxChips - dev.internalTotalAscNumber();
+    int allowedExternal = maxChips - onBoard;
     if (dev.externalTotalAscNumber() <= allowedExternal)
         return true;
     message = "Total external linked ASC chips number " + util::toString<int>(allowedExternal) +

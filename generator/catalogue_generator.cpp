@@ -1,15 +1,15 @@
-#include "bench/generator/catalogue_generator.h"
+#include "generator/catalogue_generator.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
 
-#include "bench/generator/catalogue_layout.h"
-#include "bench/generator/family_files_writer.h"
-#include "bench/generator/family_planner.h"
-#include "bench/generator/part_names.h"
-#include "bench/generator/shared_files_writer.h"
+#include "generator/catalogue_layout.h"
+#include "generator/family_files_writer.h"
+#include "generator/family_planner.h"
+#include "generator/part_names.h"
+#include "generator/shared_files_writer.h"
 
 namespace fs = std::filesystem;
 

@@ -1,0 +1,2 @@
+// A family source reaching up into the manager: the check must refuse it.
+#include "../mngr/device_mngr.h"
