@@ -7,21 +7,21 @@
 
 using tarn::vyxpn::util::isBlankOrTab;
 using tarn::vyxpn::util::stripContinuation;
-using tarn::vyxpn::util::trimBlanksAndTabs;
+using tarn::vyxpn::util::trimmed;
 
 namespace {
 
 // The fields of one record's text, trimmed, as PM_DEVKEY_KEYITER cuts them.
 std::vector<std::string> fieldsOf(std::string_view record) {
     std::vector<std::string> fields;
-    record = trimBlanksAndTabs(record);
+    record = trimmed(record);
     if (record.empty())
         return fields;
     std::size_t start = 0;
     for (std::size_t comma; (comma = record.find(',', start)) != std::string_view::npos;
          start = comma + 1)
-        fields.emplace_back(trimBlanksAndTabs(record.substr(start, comma - start)));
-    fields.emplace_back(trimBlanksAndTabs(record.substr(start)));
+        fields.emplace_back(trimmed(record.substr(start, comma - start)));
+    fields.emplace_back(trimmed(record.substr(start)));
     return fields;
 }
 
@@ -51,13 +51,13 @@ KeyedRecordLines::KeyedRecordLines(const std::string& path) {
         if (continuing) {
             value = line;
         } else {
-            const std::string_view content = trimBlanksAndTabs(line);
+            const std::string_view content = trimmed(line);
             if (content.empty() || content.front() == '#')
                 continue;
             const std::size_t equals = line.find('=');
             if (equals == std::string_view::npos)
                 continue;
-            key = &m_keys[std::string(trimBlanksAndTabs(line.substr(0, equals)))];
+            key = &m_keys[std::string(trimmed(line.substr(0, equals)))];
             *key = Key{number, {}};
             value = line.substr(equals + 1);
         }

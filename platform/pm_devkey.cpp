@@ -21,7 +21,7 @@
 #include "platform/ut_trace.h"
 
 using tarn::vyxpn::util::stripContinuation;
-using tarn::vyxpn::util::trimBlanksAndTabs;
+using tarn::vyxpn::util::trimmed;
 
 namespace {
 
@@ -115,7 +115,7 @@ void PM_DEVKEY::parse(std::string_view text) {
     std::string joined;  // only used when a line has continuations
     while (lines.next(line)) {
         std::size_t firstLineNumber = lines.lineNumber();
-        std::string_view content = trimBlanksAndTabs(line);
+        std::string_view content = trimmed(line);
         if (content.empty() || content.front() == '#')
             continue;
 
@@ -129,7 +129,7 @@ void PM_DEVKEY::parse(std::string_view text) {
             while (continues && lines.next(more)) {
                 // Trimmed like any line, except that blanks written before a
                 // further backslash separate words and so are kept.
-                std::string_view piece = trimBlanksAndTabs(more);
+                std::string_view piece = trimmed(more);
                 continues = stripContinuation(piece);
                 joined.append(piece.data(), piece.size());
             }
@@ -144,8 +144,8 @@ void PM_DEVKEY::parse(std::string_view text) {
             diagTrace(message.c_str(), nullptr);
             continue;
         }
-        std::string_view key = trimBlanksAndTabs(logical.substr(0, equals));
-        std::string_view value = trimBlanksAndTabs(logical.substr(equals + 1));
+        std::string_view key = trimmed(logical.substr(0, equals));
+        std::string_view value = trimmed(logical.substr(equals + 1));
         m_values.insert_or_assign(std::string(key), std::string(value));
     }
     // Reported once per file: a file with one stray NUL usually has many.

@@ -4,7 +4,7 @@
 #include "platform/pm_devkey.h"
 #include "platform/pm_text.h"
 
-using tarn::vyxpn::util::trimBlanksAndTabs;
+using tarn::vyxpn::util::trimmed;
 
 namespace {
 
@@ -42,14 +42,14 @@ PM_DEVKEY_KEYITER::PM_DEVKEY_KEYITER(const PM_DEVKEY* keys, const char* key, cha
     const char* raw = keys && key ? keys->getkeyeddata(key) : nullptr;
     if (!raw)
         return;
-    std::string_view value = trimBlanksAndTabs(raw);
+    std::string_view value = trimmed(raw);
     if (value.empty())
         return;
 
     m_records.reserve(value.size() + 1);
     m_recordStarts.reserve(countPieces(value, recordSeparator));
     forEachPiece(value, recordSeparator, [&](std::string_view piece) {
-        std::string_view record = trimBlanksAndTabs(piece);
+        std::string_view record = trimmed(piece);
         m_recordStarts.push_back(m_records.size());
         m_records.append(record.data(), record.size());
         m_records.push_back('\0');
@@ -65,7 +65,7 @@ void PM_DEVKEY_KEYITER::splitRecord() {
     if (!text || !*text)
         return;
     forEachPiece(text, m_fieldSeparator, [&](std::string_view piece) {
-        std::string_view field = trimBlanksAndTabs(piece);
+        std::string_view field = trimmed(piece);
         m_fieldStarts.push_back(m_fields.size());
         m_fields.append(field.data(), field.size());
         m_fields.push_back('\0');

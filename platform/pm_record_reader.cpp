@@ -91,7 +91,7 @@ void addSpeeds(PM_RECORD& record, const PM_DEVKEY& keys) {
 PM_SPEED_RECORD parseSpeedGrade(const std::string& text) {
     PM_SPEED_RECORD speed;
     std::size_t slash = text.find('/');
-    speed.grade = std::string(trimBlanksAndTabs(std::string_view(text).substr(0, slash)));
+    speed.grade = std::string(trimmed(std::string_view(text).substr(0, slash)));
     if (slash == std::string::npos)
         return speed;  // both conditions
     speed.conditionFlags = 0;

@@ -9,14 +9,27 @@ inline bool isBlankOrTab(char c) {
     return c == ' ' || c == '\t';
 }
 
-// `text` without leading and trailing blanks and tabs (a view into `text`).
-inline std::string_view trimBlanksAndTabs(std::string_view text) {
+// What the readers cut from the ends of a text: the data files count only
+// blanks and tabs; the profile functions every white-space character of the
+// C locale; the family readers blanks, tabs and line ends.
+inline constexpr std::string_view kBlanksAndTabs = " \t";
+inline constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+inline constexpr std::string_view kBlanksAndLineEnds = " \t\n\r";
+
+enum class TrimEnds { Both, Leading, Trailing };
+
+// The one trim every reader uses: `text` without the characters of `cut` at
+// the chosen ends, as a view into `text` (nothing is copied).
+inline std::string_view trimmed(std::string_view text, std::string_view cut = kBlanksAndTabs,
+                                TrimEnds ends = TrimEnds::Both) {
     std::size_t begin = 0;
     std::size_t end = text.size();
-    while (begin < end && isBlankOrTab(text[begin]))
-        ++begin;
-    while (end > begin && isBlankOrTab(text[end - 1]))
-        --end;
+    if (ends != TrimEnds::Trailing)
+        while (begin < end && cut.find(text[begin]) != std::string_view::npos)
+            ++begin;
+    if (ends != TrimEnds::Leading)
+        while (end > begin && cut.find(text[end - 1]) != std::string_view::npos)
+            --end;
     return text.substr(begin, end - begin);
 }
 

@@ -3,6 +3,7 @@
 // PM and answers every query by PM, family or full part name.
 
 #include <cstdint>
+#include <iosfwd>
 #include <map>
 #include <memory>
 #include <optional>
@@ -16,13 +17,14 @@
 #include "devctrl/sds/asc_capacity.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
+#include "devctrl/sds/write_result.h"
+#include "devctrl/util/string_list.h"
 
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
 class TarnDeviceObj;
 
-using StringList = std::vector<std::string>;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
 class TarnDeviceMngr : public PartAscCapacity {
@@ -130,7 +132,13 @@ class TarnDeviceMngr : public PartAscCapacity {
     bool enableASC(const std::string& part) override;
 
     // ---- writer and dump (mngr_write.cpp) ----
+    // Writes the support file of `pm` and says whether it worked (a PM that
+    // is not loaded writes nothing, with that as the reason); writeSDS is
+    // this with the answer dropped.
+    SdsWriteResult writeSupportFile(const std::string& pm, const std::string& path);
     void writeSDS(const std::string& pm, std::string path);
+    // Dumps the tables of `pm` to `out`; without it to standard output.
+    void printMe(const std::string& pm, std::ostream& out);
     void printMe(const std::string& pm);
 
     // ---- ASC data and device data report (mngr_asc_report.cpp) ----

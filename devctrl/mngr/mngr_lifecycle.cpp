@@ -103,12 +103,15 @@ bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
     try {
         ready = file->init();
     } catch (const std::out_of_range& error) {
-        if (m_broken == BrokenFamilies::Raise)
-            throw;
-        // Handed to the host, which names the family; the other families load.
+        // Whatever range error the data provoke leaves here located, so a
+        // host can always name the family and file.
         const auto* located = dynamic_cast<const DataError*>(&error);
-        m_loadFailures.push_back(
-            located ? *located : DataError(pm, file->deviceTablePath(), "", "", error.what()));
+        DataError failure =
+            located ? *located : DataError(pm, file->deviceTablePath(), "", "", error.what());
+        if (m_broken == BrokenFamilies::Raise)
+            throw failure;
+        // Handed to the host, which names the family; the other families load.
+        m_loadFailures.push_back(std::move(failure));
         return false;
     }
     if (ready) {

@@ -84,9 +84,13 @@ void TarnSDSFile::_calcASCDataByType(const std::string& asc, int count,
         int position = util::indexOf(m_ascSection.m_items, resource);
         if (position < 0)
             continue;
-        // A catalogue row too short for a resource column is broken data; the
-        // range error is left to reach the caller rather than read as zero.
-        int amount = util::parseString<int>(row->second.at(position));
+        // A catalogue row too short for a resource column is broken data; it
+        // reaches the caller, located, rather than read as zero.
+        if (static_cast<std::size_t>(position) >= row->second.size())
+            throw DataError(m_pm, sharedTablePath(), "ASC_DATAS", asc,
+                            "no value for the column " + resource + " (the record has " +
+                                std::to_string(row->second.size()) + ")");
+        int amount = util::parseString<int>(row->second[position]);
         resources.emplace(resource, wrappingProduct(amount, count));
     }
 }

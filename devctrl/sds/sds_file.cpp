@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "devctrl/util/quote.h"
+#include "platform/base_settings.h"
 #include "platform/pm_pic.h"
 #include "platform/ut_trace.h"
 
@@ -59,6 +60,11 @@ std::string TarnSDSFile::deviceTablePath() const {
     std::string path = family.valid() ? family.directory() + "/device.acd" : std::string();
     family.kill();
     return path;
+}
+
+std::string TarnSDSFile::sharedTablePath() {
+    return QFile::encodeName(BaseSystem::getDataPath().filePath(QStringLiteral("device.acd")))
+        .toStdString();
 }
 
 DataError TarnSDSFile::dataError(const std::string& key, const std::string& row,

@@ -2,6 +2,7 @@
 // One device family's data: the tables loaded from its device table file and
 // part data file, and the part and resource tables generated from them.
 
+#include <iosfwd>
 #include <map>
 #include <memory>
 #include <string>
@@ -13,6 +14,7 @@
 #include "devctrl/sds/item_source.h"
 #include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file_section.h"
+#include "devctrl/sds/write_result.h"
 
 namespace tarn::vyxpn {
 
@@ -41,6 +43,9 @@ class TarnSDSFile {
     // The path of the family's own device table file; "" for a PM the
     // installation does not know (a family built in code).
     std::string deviceTablePath() const;
+    // The path of the device table file every family shares (the ASC chip
+    // catalogue).
+    static std::string sharedTablePath();
     // The DataError for a bad value of the device table file: `key` and the
     // record (its leading fields) that hold it.
     DataError dataError(const std::string& key, const std::string& row,
@@ -179,10 +184,15 @@ class TarnSDSFile {
     TarnPartIndex& index(bool ascOnly = false) const;
 
     // ---- writer and dump (sds_write.cpp) ----
+    // Writes the support file and says whether it worked; writeSDS is this
+    // with the answer dropped.
+    SdsWriteResult writeSupportFile(const std::string& path) const;
     void writeSDS(std::string path) const;
     // The text writeSDS writes, for a caller that writes it elsewhere (to
-    // standard output, say) or wants to know whether the write worked.
+    // standard output, say).
     std::string sdsText() const;
+    // Dumps every table to `out`; without an argument to standard output.
+    void printMe(std::ostream& out) const;
     void printMe() const;
 
     // ---- the tables; public so hosts and tests can read them ----

@@ -3,6 +3,7 @@
 
 #include "devctrl/sds/base_lists.h"
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
 #include "platform/base_settings.h"
 #include "platform/pm_devkey.h"
@@ -11,8 +12,6 @@
 namespace tarn::vyxpn {
 
 namespace {
-
-using Fields = std::vector<std::string>;
 
 // The first record of a single-valued key; false when the key has no record.
 bool readSingle(const PM_DEVKEY& keys, const char* key, std::string& value) {
@@ -25,9 +24,10 @@ bool readSingle(const PM_DEVKEY& keys, const char* key, std::string& value) {
 
 // Calls `take` with the fields of every ':'-separated record of `key`, in order.
 // Returns the number of records.
-int readRecords(const PM_DEVKEY& keys, const char* key, const std::function<void(Fields&)>& take) {
+int readRecords(const PM_DEVKEY& keys, const char* key,
+                const std::function<void(StringList&)>& take) {
     int count = 0;
-    Fields fields;
+    StringList fields;
     for (PM_DEVKEY_KEYITER iter(&keys, key, ':', ',', 0); iter.record(); iter.setupNextIAndJ()) {
         fields.clear();
         for (; iter.field(); iter.advanceToNextJ())
@@ -38,20 +38,20 @@ int readRecords(const PM_DEVKEY& keys, const char* key, const std::function<void
     return count;
 }
 
-std::string takeFirst(Fields& fields) {
+std::string takeFirst(StringList& fields) {
     return fields.empty() ? std::string() : fields[0];
 }
 
-Fields valuesAfter(Fields& fields, std::size_t keyCount) {
+StringList valuesAfter(StringList& fields, std::size_t keyCount) {
     if (fields.size() <= keyCount)
         return {};
-    return Fields(std::make_move_iterator(fields.begin() + static_cast<long>(keyCount)),
-                  std::make_move_iterator(fields.end()));
+    return StringList(std::make_move_iterator(fields.begin() + static_cast<long>(keyCount)),
+                      std::make_move_iterator(fields.end()));
 }
 
 // Rows keyed by their first field; a later record for the same key replaces.
 void readKeyedRows(const PM_DEVKEY& keys, const char* key, TarnSDSFileSection& section) {
-    readRecords(keys, key, [&](Fields& fields) {
+    readRecords(keys, key, [&](StringList& fields) {
         std::string rowKey = takeFirst(fields);
         section.m_datas[rowKey] = valuesAfter(fields, 1);
     });
@@ -70,7 +70,7 @@ bool TarnSDSFile::loadDeviceAcd() {
             QFile::encodeName(dataDir.filePath(QStringLiteral("device.acd"))).constData(), 0);
         g_getMemerItems(shared, "ASC_RESOURCE_ITMES", m_ascResourceItems);
         g_getMemerItems(shared, "ASC_ITMES", m_ascSection.m_items);
-        readRecords(shared, "ASC_DATAS", [&](Fields& fields) {
+        readRecords(shared, "ASC_DATAS", [&](StringList& fields) {
             std::string chip = takeFirst(fields);
             m_ascSection.m_datas[chip] = valuesAfter(fields, 1);
             // A record without fields names no chip and leaves the default alone.
@@ -99,7 +99,7 @@ bool TarnSDSFile::loadDeviceAcd() {
         m_partGenerateMethod = "auto";
 
     // A family file without package aliases is not a usable family file.
-    int aliasRecords = readRecords(keys, "PKG_ALIAS", [&](Fields& fields) {
+    int aliasRecords = readRecords(keys, "PKG_ALIAS", [&](StringList& fields) {
         std::string package = takeFirst(fields);
         m_pkgAlias[package] = valuesAfter(fields, 1);
     });
@@ -109,20 +109,20 @@ bool TarnSDSFile::loadDeviceAcd() {
     }
 
     g_getMemerItems(keys, "RESOURCE_ITMES", m_resourceItems);
-    readRecords(keys, "RESOURCE_LABELS", [&](Fields& fields) {
+    readRecords(keys, "RESOURCE_LABELS", [&](StringList& fields) {
         if (fields.size() == 2)
             m_resourceLabels.emplace(fields[0], fields[1]);
     });
     g_getMemerItems(keys, "ASC_TYPES", m_ascTypes);
     g_getMemerItems(keys, "PART_EXCEPTION", m_partExceptions);
     g_getMemerItems(keys, "DEVICE_EXCEPTION", m_deviceExceptions);
-    readRecords(keys, "PACKAGE_EXCEPTION", [&](Fields& fields) {
+    readRecords(keys, "PACKAGE_EXCEPTION", [&](StringList& fields) {
         if (fields.size() == 2)
             m_packageExceptions.emplace_back(fields[0], fields[1]);
     });
 
     g_getMemerItems(keys, "PM_ITEMS", m_pmSection.m_items);
-    Fields pmValues;
+    StringList pmValues;
     if (g_getMemerItems(keys, "PM_DATAS", pmValues) > 0)
         m_pmSection.m_datas[m_pm] = pmValues;
 
@@ -130,7 +130,7 @@ bool TarnSDSFile::loadDeviceAcd() {
     readKeyedRows(keys, "DEVICE_DATAS", m_deviceSection);
 
     g_getMemerItems(keys, "PACKAGE_ITEMS", m_packageSection.m_items);
-    readRecords(keys, "PACKAGE_DATAS", [&](Fields& fields) {
+    readRecords(keys, "PACKAGE_DATAS", [&](StringList& fields) {
         std::string device = fields.size() > 0 ? fields[0] : std::string();
         std::string package = fields.size() > 1 ? fields[1] : std::string();
         m_packageSection.m_datas[devicePackageKey(device, package)] = valuesAfter(fields, 2);

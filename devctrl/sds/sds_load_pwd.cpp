@@ -5,7 +5,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -104,7 +103,12 @@ int TarnSDSFile::loadPWD_Bin_internal(const char* pm, const char* /*directory*/,
             continue;
         PD_SECTION* section = data->GetSection(i);
         if (section->kind() != PD_TBLSECT) {
-            std::cerr << "Device Info must have _TBLSECT format" << std::endl;
+            // Through the trace handler like every other load message, so a
+            // host that collects traces sees this one too.
+            diagTrace(
+                (util::escapedForMessage(path.data()) + ": Device Info must have _TBLSECT format")
+                    .c_str(),
+                nullptr);
             return 0;
         }
         auto* table = dynamic_cast<PD_TABLE*>(section);

@@ -44,19 +44,19 @@ void writeSupportText(const TarnSDSFile& family, std::ostream& out) {
     out << '\n';
 }
 
-void printSection(const TarnSDSFileSection& section, const char* title, const char* formatLabel,
-                  const char* dataLabel, const char* formatSeparator) {
-    std::cout << title << formatLabel << terminated(section.m_items, formatSeparator) << "\n"
-              << dataLabel;
+void printSection(std::ostream& out, const TarnSDSFileSection& section, const char* title,
+                  const char* formatLabel, const char* dataLabel, const char* formatSeparator) {
+    out << title << formatLabel << terminated(section.m_items, formatSeparator) << "\n"
+        << dataLabel;
     for (const auto& [key, values] : section.m_datas)
-        std::cout << '\t' << key << " = " << terminated(values, ", ") << "\n";
-    std::cout << "\n";
+        out << '\t' << key << " = " << terminated(values, ", ") << "\n";
+    out << "\n";
 }
 
-void printGenerated(const TarnSDSFileSection& section, const char* heading) {
-    std::cout << heading << "Format = " << join(section.m_items, ", ") << "\n";
+void printGenerated(std::ostream& out, const TarnSDSFileSection& section, const char* heading) {
+    out << heading << "Format = " << join(section.m_items, ", ") << "\n";
     for (const auto& [key, values] : section.m_datas)
-        std::cout << key << " = " << join(values, ", ") << "\n";
+        out << key << " = " << join(values, ", ") << "\n";
 }
 
 }  // namespace
@@ -67,42 +67,52 @@ std::string TarnSDSFile::sdsText() const {
     return text.str();
 }
 
-void TarnSDSFile::writeSDS(std::string path) const {
+SdsWriteResult TarnSDSFile::writeSupportFile(const std::string& path) const {
     // Written whole or not at all; the file writer never replaces a FIFO or
     // device and keeps the identity of a file that others hold.
-    platform::writeWholeFile(path, sdsText());
+    SdsWriteResult result;
+    result.written = platform::writeWholeFile(path, sdsText(), &result.reason);
+    return result;
+}
+
+void TarnSDSFile::writeSDS(std::string path) const {
+    writeSupportFile(path);
 }
 
 void TarnSDSFile::printMe() const {
-    std::cout << "PM Name is " << m_pm << "\n";
+    printMe(std::cout);
+}
 
-    std::cout << "Package alias:\n";
+void TarnSDSFile::printMe(std::ostream& out) const {
+    out << "PM Name is " << m_pm << "\n";
+
+    out << "Package alias:\n";
     for (const auto& [package, aliases] : m_pkgAlias)
-        std::cout << '\t' << package << " = " << terminated(aliases, ", ") << "\n";
-    std::cout << "\n";
+        out << '\t' << package << " = " << terminated(aliases, ", ") << "\n";
+    out << "\n";
 
-    std::cout << "Resource Items:\n";
+    out << "Resource Items:\n";
     for (const auto& item : m_resourceItems)
-        std::cout << '\t' << item << "\n";
-    std::cout << "\n";
+        out << '\t' << item << "\n";
+    out << "\n";
 
-    std::cout << "Part Exception:\n";
+    out << "Part Exception:\n";
     for (const auto& part : m_partExceptions)
-        std::cout << '\t' << part << "\n";
-    std::cout << "\n";
+        out << '\t' << part << "\n";
+    out << "\n";
 
-    printSection(m_pmSection, "PM map:\n", "PM items format: ", "PM items data: \n", ", ");
-    printSection(m_deviceSection, "Device map:\n", "Device items format: ", "Device items data: \n",
-                 ", ");
-    printSection(m_packageSection, "Package map:\n",
+    printSection(out, m_pmSection, "PM map:\n", "PM items format: ", "PM items data: \n", ", ");
+    printSection(out, m_deviceSection, "Device map:\n",
+                 "Device items format: ", "Device items data: \n", ", ");
+    printSection(out, m_packageSection, "Package map:\n",
                  "Package items format: ", "Package items data: \n", ",");
-    printSection(m_partSection, "Def Part map:\n",
+    printSection(out, m_partSection, "Def Part map:\n",
                  "Def Part items format: ", "Def Part items data: \n", ",");
 
-    printGenerated(m_genericDevices, "[Generic Devices]\n");
-    std::cout << "\n\n";
-    printGenerated(m_deviceInfo, "[Device Info]\n");
-    std::cout << "\n";
+    printGenerated(out, m_genericDevices, "[Generic Devices]\n");
+    out << "\n\n";
+    printGenerated(out, m_deviceInfo, "[Device Info]\n");
+    out << "\n";
 }
 
 }  // namespace tarn::vyxpn

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "devctrl/util/profile.h"
+#include "platform/pm_text.h"
 
 namespace tarn::vyxpn::util::profile {
 
@@ -11,8 +12,9 @@ bool readLine(FILE* file, char* line) {
 }
 
 void trimLine(char* line) {
-    rmtrail(line);
-    rmlead(line);
+    const std::string_view kept = trimmed(line, kWhiteSpace);
+    memmove(line, kept.data(), kept.size());
+    line[kept.size()] = '\0';
 }
 
 LineKind kindOf(const char* line) {

@@ -1,44 +1,38 @@
 // Text helpers of the profile functions. They work in place on C strings
 // because the profile interface hands out caller-owned buffers.
 
-#include <ctype.h>
 #include <string.h>
+#include <string_view>
 
 #include "devctrl/util/profile.h"
+#include "platform/pm_text.h"
 
-namespace {
-bool isBlank(char c) {
-    return isspace(static_cast<unsigned char>(c)) != 0;
-}
-}  // namespace
+using tarn::vyxpn::util::kWhiteSpace;
+using tarn::vyxpn::util::TrimEnds;
+using tarn::vyxpn::util::trimmed;
 
 extern "C" {
 
 void rmlead(char* str) {
     if (!str || !*str)
         return;
-    const char* start = str;
-    while (*start && isBlank(*start))
-        ++start;
-    if (start != str)
-        memmove(str, start, strlen(start) + 1);
+    const std::string_view text(str);
+    const std::string_view kept = trimmed(text, kWhiteSpace, TrimEnds::Leading);
+    if (kept.size() != text.size())
+        memmove(str, kept.data(), kept.size() + 1);
 }
 
 void rmtrail(char* str) {
     if (!str || !*str)
         return;
-    size_t length = strlen(str);
-    if (length == 1) {
-        if (isBlank(str[0]))
-            str[0] = '\0';
+    const std::string_view text(str);
+    if (text.size() == 1) {
+        str[trimmed(text, kWhiteSpace, TrimEnds::Trailing).size()] = '\0';
         return;
     }
-    // The walk never looks at the first character: an all-blank text keeps
+    // The trim never looks at the first character: an all-blank text keeps
     // one blank. Callers follow with rmlead, which removes it.
-    size_t last = length - 1;
-    while (last > 0 && isBlank(str[last]))
-        --last;
-    str[last + 1] = '\0';
+    str[1 + trimmed(text.substr(1), kWhiteSpace, TrimEnds::Trailing).size()] = '\0';
 }
 
 int rmquotes(char* str) {

@@ -3,12 +3,9 @@
 #include <cctype>
 
 #include "devctrl/util/tokenizer.h"
+#include "platform/pm_text.h"
 
 namespace tarn::vyxpn::util {
-
-namespace {
-const char* const kWhitespace = " \t\n\r";
-}
 
 std::string toLower(const std::string& text) {
     std::string result = text;
@@ -24,21 +21,8 @@ std::string toUpper(const std::string& text) {
     return result;
 }
 
-std::string trimLeft(const std::string& text) {
-    std::string result = text;
-    result.erase(0, result.find_first_not_of(kWhitespace));
-    return result;
-}
-
-std::string trimRight(const std::string& text) {
-    std::string result = text;
-    auto last = result.find_last_not_of(kWhitespace);
-    result.erase(last == std::string::npos ? 0 : last + 1);
-    return result;
-}
-
 std::string trim(const std::string& text) {
-    return trimRight(trimLeft(text));
+    return std::string(trimmed(text, kBlanksAndLineEnds));
 }
 
 std::vector<std::string> split(const std::string& text, const std::string& delimiters) {

@@ -11,9 +11,8 @@ namespace tarn::vyxpn::util {
 std::string toLower(const std::string& text);
 std::string toUpper(const std::string& text);
 
-// Trim the characters of " \t\n\r" (and only those) from one or both ends.
-std::string trimLeft(const std::string& text);
-std::string trimRight(const std::string& text);
+// `text` without the characters of " \t\n\r" (and only those) at its ends;
+// a copy of trimmed() for callers that keep the result.
 std::string trim(const std::string& text);
 
 // The non-empty tokens of `text`, cut at any character of `delimiters`.

@@ -13,7 +13,6 @@
 #include "devctrl/sds/sds_file.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
-#include "platform/pm_database.h"
 #include "platform/ut_trace.h"
 
 namespace fs = std::filesystem;
@@ -102,13 +101,6 @@ void exercisePart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part,
     mngr.isValid(dev, message);
     tarn::vyxpn::KeyValueReport report;
     mngr.calcDeviceData(dev, report);
-}
-
-void dropManager() {
-    delete tarn::vyxpn::TarnDeviceMngr::m_pMngr;
-    tarn::vyxpn::TarnDeviceMngr::m_pMngr = nullptr;
-    delete PM_DATABASE::_database;
-    PM_DATABASE::_database = nullptr;
 }
 
 void readIntoFamilies(std::string_view bytes, bool asPmFile,

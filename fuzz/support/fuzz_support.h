@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/manager_teardown.h"
+
 class PD_DATA;
 namespace tarn::vyxpn {
 class TarnDeviceMngr;
@@ -63,9 +65,8 @@ std::vector<std::string> splitLines(std::string_view text, std::size_t limit);
 void exercisePart(tarn::vyxpn::TarnDeviceMngr& mngr, const std::string& part,
                   const std::vector<std::string>& linked);
 
-// Destroys the device manager and the part-model database, so the next
-// getInstance() reads the data directory again.
-void dropManager();
+// The same teardown the unit tests use.
+using devctrl_test::dropManager;
 
 // The resource columns the part data targets ask the readers for.
 inline const std::vector<std::string> kPartDataColumns{"LUT", "FF", "EBR", "pins"};

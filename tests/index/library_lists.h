@@ -12,11 +12,11 @@ inline const std::pair<bool, bool> kFilterSettings[] = {
     {false, false}, {true, false}, {false, true}, {true, true}};
 
 // "stale" stays when the family leaves the list alone.
-inline ref::Strings libraryList(const tarn::vyxpn::TarnSDSFile& file,
-                                tarn::vyxpn::PartListKind kind, const ref::Cells& c, bool obsolete,
-                                bool asc, bool sorted = false) {
+inline ref::StringList libraryList(const tarn::vyxpn::TarnSDSFile& file,
+                                   tarn::vyxpn::PartListKind kind, const ref::Cells& c,
+                                   bool obsolete, bool asc, bool sorted = false) {
     using tarn::vyxpn::PartListKind;
-    ref::Strings list{"stale"};
+    ref::StringList list{"stale"};
     if (sorted)
         file.getSortedList(kind, c[0], c[1], c[2], list, obsolete, asc);
     else if (kind == PartListKind::Devices)

@@ -17,9 +17,9 @@
 namespace devctrl_test::ref {
 
 using tarn::vyxpn::PartListKind;
+using tarn::vyxpn::StringList;
 using tarn::vyxpn::TarnDeviceMngr;
 using tarn::vyxpn::TarnSDSFile;
-using Strings = std::vector<std::string>;
 using Cells = std::array<std::string, 4>;  // device, package, speed, condition
 
 inline std::array<int, 4> nameColumns(const TarnSDSFile& file) {
@@ -37,11 +37,11 @@ inline bool passes(const TarnSDSFile& file, const std::string& part, bool withOb
 
 // The distinct values of the column of `kind`, in key order, over the parts
 // whose leading cells equal `cells` and that pass the filters.
-inline Strings familyList(const TarnSDSFile& file, PartListKind kind, const Cells& cells,
-                          bool withObsolete, bool ascOnly) {
+inline StringList familyList(const TarnSDSFile& file, PartListKind kind, const Cells& cells,
+                             bool withObsolete, bool ascOnly) {
     const auto wanted = static_cast<std::size_t>(kind);
     const auto columns = nameColumns(file);
-    Strings list;
+    StringList list;
     for (const auto& [part, row] : file.m_genericDevices.m_datas) {
         bool matching = true;
         for (std::size_t i = 0; i < wanted && matching; ++i)
@@ -55,16 +55,16 @@ inline Strings familyList(const TarnSDSFile& file, PartListKind kind, const Cell
     return list;
 }
 
-inline Strings allParts(const TarnSDSFile& file, bool withObsolete, bool ascOnly) {
-    Strings parts;
+inline StringList allParts(const TarnSDSFile& file, bool withObsolete, bool ascOnly) {
+    StringList parts;
     for (const auto& entry : file.m_genericDevices.m_datas)
         if (passes(file, entry.first, withObsolete, ascOnly))
             parts.push_back(entry.first);
     return parts;
 }
 
-inline Strings allFamilies(const TarnDeviceMngr& mngr, bool withObsolete, bool ascOnly) {
-    Strings families;
+inline StringList allFamilies(const TarnDeviceMngr& mngr, bool withObsolete, bool ascOnly) {
+    StringList families;
     for (const auto& [pm, file] : mngr.getFamilyFiles()) {
         const std::string family = TarnDeviceMngr::basePmToFamily(pm);
         if (!family.empty() && !allParts(*file, withObsolete, ascOnly).empty())
@@ -91,12 +91,12 @@ inline std::string partName(const TarnDeviceMngr& mngr, const std::string& pm, c
 }
 
 // {pm, device, package, speed, condition} from the first PM holding the part.
-inline Strings nameByPart(const TarnDeviceMngr& mngr, const std::string& part) {
+inline StringList nameByPart(const TarnDeviceMngr& mngr, const std::string& part) {
     for (const auto& [pm, file] : mngr.getFamilyFiles()) {
         const auto row = file->m_genericDevices.m_datas.find(part);
         if (row == file->m_genericDevices.m_datas.end())
             continue;
-        Strings fields{pm};
+        StringList fields{pm};
         for (int column : nameColumns(*file))
             fields.push_back(row->second.at(column));
         return fields;

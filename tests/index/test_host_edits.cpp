@@ -8,12 +8,13 @@
 #include <functional>
 #include <set>
 
+#include "devctrl/util/string_list.h"
 #include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "sds/selection_fixture.h"
 
 using namespace tarn::vyxpn;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 namespace ref = devctrl_test::ref;
 using ref::Cells;
 
@@ -23,7 +24,7 @@ const auto& kFilters = devctrl_test::kFilterSettings;
 
 // What a call gave, or that it threw: the walk throws on a row too short for
 // a column, and so must the library.
-std::string outcome(const std::function<Strings()>& call) {
+std::string outcome(const std::function<StringList()>& call) {
     try {
         std::string text;
         for (const std::string& value : call())
@@ -36,14 +37,14 @@ std::string outcome(const std::function<Strings()>& call) {
 
 // The walk, and what the library does when the part table lacks a column
 // the list needs: it leaves the list as it was.
-Strings walkList(const TarnSDSFile& file, PartListKind kind, const Cells& c, bool obsolete,
-                 bool asc) {
+StringList walkList(const TarnSDSFile& file, PartListKind kind, const Cells& c, bool obsolete,
+                    bool asc) {
     static const char* const kColumns[] = {"Device", "Package", "Speed", "Condition"};
     const TarnSDSFileSection& table = file.m_genericDevices;
     bool columns = table.columnOf("Status") >= 0;
     for (int k = 0; k <= static_cast<int>(kind); ++k)
         columns = columns && table.columnOf(kColumns[k]) >= 0;
-    return columns ? ref::familyList(file, kind, c, obsolete, asc) : Strings{"stale"};
+    return columns ? ref::familyList(file, kind, c, obsolete, asc) : StringList{"stale"};
 }
 
 // Every part name, and every set of leading cells, any family held at any
@@ -70,13 +71,13 @@ struct Subjects {
 
 // Every indexed query, each as "<what>: <answer>", from the library or, with
 // `walk`, from the plain walks over the tables.
-Strings answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
-    Strings out;
+StringList answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
+    StringList out;
     for (const std::string& part : subjects.names)
-        out.push_back("name " + part + ": " + outcome([&]() -> Strings {
+        out.push_back("name " + part + ": " + outcome([&]() -> StringList {
                           if (walk)
                               return ref::nameByPart(mngr, part);
-                          Strings f(5);
+                          StringList f(5);
                           if (!mngr.getNameByPart(part, f[0], f[1], f[2], f[3], f[4]))
                               return {};
                           return f;
@@ -84,16 +85,17 @@ Strings answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
     for (const auto& [pm, file] : mngr.getFamilyFiles()) {
         for (const Cells& c : subjects.cells)
             out.push_back(pm + " part name " + c[0] + c[1] + c[2] + c[3] + ": " +
-                          outcome([&, pm = pm]() -> Strings {
+                          outcome([&, pm = pm]() -> StringList {
                               return {walk ? ref::partName(mngr, pm, c)
                                            : mngr.getPartName(pm, c[0], c[1], c[2], c[3])};
                           }));
         for (const auto& [obsolete, asc] : kFilters) {
             const std::string filters = " " + std::to_string(obsolete) + std::to_string(asc);
-            out.push_back(pm + " all parts" + filters + ": " + outcome([&, f = file]() -> Strings {
+            out.push_back(pm + " all parts" + filters + ": " +
+                          outcome([&, f = file]() -> StringList {
                               if (walk)
                                   return ref::allParts(*f, obsolete, asc);
-                              Strings list;
+                              StringList list;
                               f->getAllParts(list, obsolete, asc);
                               return list;
                           }));
@@ -103,7 +105,7 @@ Strings answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
                     if (!c[k].empty() || (k > 0 && c[k - 1].empty()))
                         continue;  // only prefixes of exactly k cells
                     out.push_back(pm + " list " + std::to_string(k) + " " + c[0] + c[1] + c[2] +
-                                  filters + ": " + outcome([&, f = file]() -> Strings {
+                                  filters + ": " + outcome([&, f = file]() -> StringList {
                                       return walk ? walkList(*f, kind, c, obsolete, asc)
                                                   : devctrl_test::libraryList(*f, kind, c, obsolete,
                                                                               asc);
@@ -116,7 +118,8 @@ Strings answers(TarnDeviceMngr& mngr, const Subjects& subjects, bool walk) {
 }
 
 void expectWalkAnswers(TarnDeviceMngr& mngr, const Subjects& subjects, const std::string& when) {
-    const Strings library = answers(mngr, subjects, false), walked = answers(mngr, subjects, true);
+    const StringList library = answers(mngr, subjects, false),
+                     walked = answers(mngr, subjects, true);
     ASSERT_EQ(library.size(), walked.size());
     for (std::size_t i = 0; i < library.size(); ++i)
         EXPECT_EQ(library[i], walked[i]) << when;
@@ -223,15 +226,15 @@ TEST(HostEdits, NameLookupsSeeCellsEditedInPlaceOnceTold) {
     // The owner index keeps copies of the name cells, never the row: a row
     // replaced or emptied in place is read as it is now once the host says so.
     TwoFamilies t;
-    Strings list;
+    StringList list;
     t.first.getDevices(list, true, false);
     std::string pm, device, package, speed, condition;
     ASSERT_TRUE(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition));
     t.rows()["ZR4-6QF48C"] = {"ZR6", "9", "BG100", "BG100C", "IND", "", "P", "0"};
     t.first.invalidateIndexes();
     ASSERT_TRUE(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition));
-    EXPECT_EQ(Strings({pm, device, package, speed, condition}),
-              Strings({"zr1a00", "ZR6", "BG100", "9", "IND"}));
+    EXPECT_EQ(StringList({pm, device, package, speed, condition}),
+              StringList({"zr1a00", "ZR6", "BG100", "9", "IND"}));
     // An emptied row: the lists and the name lookup answer from their copies
     // until told, without touching the row; then a row too short for its
     // columns makes them throw, as the walk does.

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "devctrl/util/comparators.h"
+#include "devctrl/util/string_list.h"
 #include "devctrl/util/string_utils.h"
 #include "generator/catalogue_generator.h"
 #include "index/library_lists.h"
@@ -18,7 +19,7 @@
 using namespace tarn::vyxpn;
 using devctrl_test::DataDirScope;
 using devctrl_test::TraceCapture;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 namespace ref = devctrl_test::ref;
 using devctrl_test::libraryList;
 using ref::Cells;
@@ -57,7 +58,7 @@ void expectFamilyMatchesWalk(TarnDeviceMngr& mngr, const TarnSDSFile& file, std:
         for (int k = 0; k < 4; ++k) {
             const auto kind = static_cast<PartListKind>(k);
             for (const Cells& c : prefixes[k]) {
-                Strings walked = ref::familyList(file, kind, c, obsolete, asc);
+                StringList walked = ref::familyList(file, kind, c, obsolete, asc);
                 for (bool sorted : {false, true}) {
                     if (sorted)
                         kind == PartListKind::Packages ? sortPackages(walked) : sortNatural(walked);
@@ -67,7 +68,7 @@ void expectFamilyMatchesWalk(TarnDeviceMngr& mngr, const TarnSDSFile& file, std:
                 }
             }
         }
-        Strings walked = ref::allParts(file, obsolete, asc), listed;
+        StringList walked = ref::allParts(file, obsolete, asc), listed;
         sortNatural(walked);
         mngr.getAllPartsByPM(file.m_pm, listed, obsolete, asc);
         EXPECT_EQ(listed, walked) << file.m_pm << " all parts by PM " << obsolete << asc;
@@ -83,21 +84,22 @@ void expectFamilyMatchesWalk(TarnDeviceMngr& mngr, const TarnSDSFile& file, std:
 
 // Owner and cells of every part and of `extra`, the family list under all
 // four filters, then every family's queries.
-void expectManagerMatchesWalk(TarnDeviceMngr& mngr, std::size_t stride, const Strings& extra = {}) {
+void expectManagerMatchesWalk(TarnDeviceMngr& mngr, std::size_t stride,
+                              const StringList& extra = {}) {
     std::set<std::string> parts(extra.begin(), extra.end());
     parts.insert("NO-SUCH-PART");
     for (const auto& entry : mngr.getFamilyFiles())
         for (const auto& row : entry.second->m_genericDevices.m_datas)
             parts.insert(row.first);
     for (const std::string& part : parts) {
-        Strings f(5, "?");
+        StringList f(5, "?");
         const bool found = mngr.getNameByPart(part, f[0], f[1], f[2], f[3], f[4]);
-        EXPECT_EQ(found ? f : Strings{}, ref::nameByPart(mngr, part)) << "name of " << part;
-        EXPECT_TRUE(found || f == Strings(5, "?")) << "outputs untouched for " << part;
+        EXPECT_EQ(found ? f : StringList{}, ref::nameByPart(mngr, part)) << "name of " << part;
+        EXPECT_TRUE(found || f == StringList(5, "?")) << "outputs untouched for " << part;
         EXPECT_EQ(mngr.exists(part), found) << part;
     }
     for (const auto& [obsolete, asc] : kFilters) {
-        Strings families;
+        StringList families;
         mngr.getAllFamilies(families, obsolete, asc);
         EXPECT_EQ(families, ref::allFamilies(mngr, obsolete, asc)) << obsolete << asc;
     }
@@ -142,14 +144,14 @@ TEST(IndexEquivalence, GeneratedCatalogueThroughReloadAdoptionAndEdits) {
     EXPECT_EQ(mngr.getFamilyFiles().size(), catalogue.pms.size() - 1);
     for (const std::string& part : catalogue.sampleParts)
         EXPECT_TRUE(mngr.exists(part)) << part;
-    const Strings& shared = catalogue.sharedParts;
+    const StringList& shared = catalogue.sharedParts;
     ASSERT_FALSE(shared.empty());
-    Strings holders;
+    StringList holders;
     for (const auto& [pm, file] : mngr.getFamilyFiles())
         if (file->m_genericDevices.m_datas.count(shared.front()))
             holders.push_back(pm);
     ASSERT_EQ(holders.size(), 2u);
-    const Strings extra{shared.front(), util::toLower(shared.front()), shared.back()};
+    const StringList extra{shared.front(), util::toLower(shared.front()), shared.back()};
     expectManagerMatchesWalk(mngr, 1, extra);
 
     mngr.reset();

@@ -3,10 +3,11 @@
 #include <algorithm>
 
 #include "devctrl/util/comparators.h"
+#include "devctrl/util/string_list.h"
 
 using tarn::vyxpn::PKGSTRgreater;
 using tarn::vyxpn::STRgreater;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
@@ -40,7 +41,7 @@ TEST(NaturalOrder, HugeNumbersCountAsTheLargestInt) {
 
 TEST(NaturalOrder, SortingAnInconsistentListStaysInRange) {
     // BG100 < CSP (letters), CSP < QF48 (letters), QF48 < BG100 (pins): a cycle.
-    Strings packages;
+    StringList packages;
     for (int i = 0; i < 200; ++i)
         packages.insert(packages.end(), {"CSP", "QF48", "BG100"});
     tarn::vyxpn::sortPackages(packages);

@@ -4,7 +4,7 @@
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
@@ -34,17 +34,17 @@ TEST(MngrEnumeration, FamiliesAppendedAndSortedAndBaseLists) {
     EXPECT_EQ(mngr.getFamilyFiles().size(), 2u);
     ASSERT_TRUE(mngr.loadDeviceInfo("zr3c00", true));
 
-    Strings out{"ZR5X"};
+    StringList out{"ZR5X"};
     mngr.getAllFamilies(out, true, false);
-    EXPECT_EQ(out, (Strings{"ZR4X", "ZR4X", "ZR5X", "ZR12X"})) << "appended; duplicates stay";
+    EXPECT_EQ(out, (StringList{"ZR4X", "ZR4X", "ZR5X", "ZR12X"})) << "appended; duplicates stay";
     // Base lists read family.key: speed grades in natural order, conditions
     // per grade; generation uses the same conditions.
     TarnDeviceMngr::baseGetSpeeds("zr1a00", "ZR12", "BG100", out);
-    EXPECT_EQ(out, (Strings{"6", "7", "8", "12"}));
+    EXPECT_EQ(out, (StringList{"6", "7", "8", "12"}));
     TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "6", out);
-    EXPECT_EQ(out, (Strings{"Commercial", "Industrial"}));
+    EXPECT_EQ(out, (StringList{"Commercial", "Industrial"}));
     TarnDeviceMngr::baseGetOperations("zr1a00", "ZR12", "BG100", "8", out);
-    EXPECT_EQ(out, Strings{"Industrial"});
+    EXPECT_EQ(out, StringList{"Industrial"});
     mngr.getOperations("zr1a00", "ZR12", "BG100", "8", out, false, false);
-    EXPECT_EQ(out, (Strings{"COM", "IND"}));
+    EXPECT_EQ(out, (StringList{"COM", "IND"}));
 }

@@ -11,7 +11,7 @@ using devctrl_test::DataDirScope;
 using devctrl_test::EnvGuard;
 using devctrl_test::TempDir;
 using devctrl_test::TraceCapture;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
@@ -41,13 +41,13 @@ TEST(ManagerLifecycle, LoadsEveryPmAndDropsTheBrokenOnes) {
     ASSERT_EQ(loaded.size(), 1u);
     EXPECT_EQ(loaded.begin()->first, "lc1a00");
     EXPECT_EQ(traces.lines(),
-              (Strings{dir.file("lc4a00/family.key") + ": missing; family directory skipped",
-                       dir.file("lc1a00/device.acd") +
-                           ": no ES value for D1, QF48: its parts are named like D1-6Q48I?",
-                       "Failed to load device.acd of lc2a00",
-                       "TarnDeviceMngr failed to load lc2a00 device information.",
-                       "Failed to load device.acd of lc3a00",
-                       "TarnDeviceMngr failed to load lc3a00 device information."}));
+              (StringList{dir.file("lc4a00/family.key") + ": missing; family directory skipped",
+                          dir.file("lc1a00/device.acd") +
+                              ": no ES value for D1, QF48: its parts are named like D1-6Q48I?",
+                          "Failed to load device.acd of lc2a00",
+                          "TarnDeviceMngr failed to load lc2a00 device information.",
+                          "Failed to load device.acd of lc3a00",
+                          "TarnDeviceMngr failed to load lc3a00 device information."}));
     // Deleting the manager clears the pointers getInstance() would hand out.
     delete TarnDeviceMngr::getInstance();
     EXPECT_EQ(TarnDeviceMngr::m_pMngr, nullptr);
@@ -89,12 +89,12 @@ TEST(ManagerCatalogue, FamiliesPmsNamesAndKeys) {
     writePm(dir, "lc2a00", "LCF7");
     writePm(dir, "lc5a00", "LCCACHE, LCCACHE2");
     DataDirScope scope(dir.path());
-    Strings families;
+    StringList families;
     TarnDeviceMngr::baseGetAllFamilies(families);
-    EXPECT_EQ(families, (Strings{"LCCACHE", "LCCACHE2", "LCF2", "LCF7", "LCF12"}));
-    Strings pms{"old"};
+    EXPECT_EQ(families, (StringList{"LCCACHE", "LCCACHE2", "LCF2", "LCF7", "LCF12"}));
+    StringList pms{"old"};
     TarnDeviceMngr::baseGetAllPMs(pms);
-    EXPECT_EQ(pms, (Strings{"old", "lc5a00", "lc5a00", "lc1a00", "lc2a00", "lc1a00"}))
+    EXPECT_EQ(pms, (StringList{"old", "lc5a00", "lc5a00", "lc1a00", "lc2a00", "lc1a00"}))
         << "appends, keeps repeats";
     EXPECT_EQ(TarnDeviceMngr::baseFamilyToPm("lccache2"), "lc5a00") << "family case ignored";
     EXPECT_EQ(TarnDeviceMngr::basePmToFamily("lc5a00"), "LCCACHE") << "the record's first name";

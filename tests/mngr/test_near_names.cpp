@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include "devctrl/mngr/near_names.h"
+#include "devctrl/util/string_list.h"
 
 using tarn::vyxpn::NearNames;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 TEST(NearNames, OffersCaseTwinsFirstThenOneEditNeighbours) {
     struct Case {
         const char* query;
-        Strings known;
-        Strings offered;
+        StringList known;
+        StringList offered;
     };
     for (const Case& c : {
              // A name equal but for case hides the one-edit neighbours.

@@ -4,12 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include "devctrl/util/string_list.h"
 #include "reliability/bad_data_support.h"
 
 namespace {
 
 using namespace devctrl_test;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 std::string withCrlfAndNoFinalNewline(const std::string& text) {
     std::string result;
@@ -40,9 +41,9 @@ TEST(BadDataFiles, AllowedVariantsLoadAsCleanAndSilently) {
         dir.write(std::string(kBadDataPm) + "/" + kBadDataPm + ".pwd", v.partData);
         TraceCapture traces;
         EXPECT_EQ(loadedParts(dir.path()),
-                  (Strings{"BQ1-1B10C", "BQ2-1B10C", "BQ2-1B10I", "BQ2-2B10C", "BQ2-2B10I"}));
+                  (StringList{"BQ1-1B10C", "BQ2-1B10C", "BQ2-1B10I", "BQ2-2B10C", "BQ2-2B10I"}));
         EXPECT_EQ(packageSection(dir.path()).m_datas["BQ1_BG10"],
-                  (Strings{"No", "C", "100", "640"}));
+                  (StringList{"No", "C", "100", "640"}));
         EXPECT_TRUE(traces.lines().empty());
     }
 }
@@ -57,12 +58,12 @@ TEST(BadKeyedFiles, NulBytesCutTheirLineAndAreNamedOncePerFile) {
     TempDir dir;
     writeFamily(dir, familyKey, deviceAcd);
     TraceCapture traces;
-    EXPECT_EQ(loadedParts(dir.path()), (Strings{"BQ1-1B10C"}));
-    Strings keyTraces = linesMentioning(traces, "family.key");
+    EXPECT_EQ(loadedParts(dir.path()), (StringList{"BQ1-1B10C"}));
+    StringList keyTraces = linesMentioning(traces, "family.key");
     ASSERT_EQ(keyTraces.size(), 1u);
     EXPECT_NE(keyTraces[0].find(dir.file(kBadDataPm) + "/family.key:3:"), std::string::npos)
         << keyTraces[0];
-    Strings acdTraces = linesMentioning(traces, "device.acd");
+    StringList acdTraces = linesMentioning(traces, "device.acd");
     ASSERT_EQ(acdTraces.size(), 1u);
     EXPECT_NE(acdTraces[0].find("device.acd:9:"), std::string::npos) << acdTraces[0];
     EXPECT_EQ(traces.lines().size(), 2u);

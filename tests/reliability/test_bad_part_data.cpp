@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_list.h"
 #include "platform/pd_binary_format.h"
 #include "platform/pd_data.h"
 #include "reliability/bad_data_support.h"
@@ -14,7 +15,7 @@ namespace {
 using namespace devctrl_test;
 using tarn::vyxpn::TarnSDSFile;
 using Section = tarn::vyxpn::TarnSDSFileSection;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 const std::string kCleanPartData =
     "[[Device Info]]\nFormat = LUT, FF\nBQ1_BG10 = 640, 700\nBQ2_BG10 = 1280, 1400\n";
@@ -39,14 +40,14 @@ TEST(BadPartData, BinaryCutShortAtEveryLengthIsNamedOnceAndTheFamilyLoads) {
     TempDir dir;
     const Section whole = loadWithPartData(dir, bytes);
     // The family's one resource item, LUT, joins its package columns.
-    ASSERT_EQ(whole.m_items, (Strings{"ES", "Condition", "LUT", "LUT"}));
+    ASSERT_EQ(whole.m_items, (StringList{"ES", "Condition", "LUT", "LUT"}));
     ASSERT_EQ(whole.m_datas.at("BQ2_BG10").back(), "1280");
 
     for (std::size_t length = 1; length < bytes.size(); ++length) {
         TraceCapture traces;
         const Section cut = loadWithPartData(dir, bytes.substr(0, length));
-        EXPECT_EQ(cut.m_items, (Strings{"ES", "Condition", "LUT"})) << length;
-        EXPECT_EQ(cut.m_datas.at("BQ1_BG10"), (Strings{"No", "C", "100"})) << length;
+        EXPECT_EQ(cut.m_items, (StringList{"ES", "Condition", "LUT"})) << length;
+        EXPECT_EQ(cut.m_datas.at("BQ1_BG10"), (StringList{"No", "C", "100"})) << length;
         ASSERT_EQ(traces.lines().size(), 1u) << length;
         EXPECT_EQ(traces.lines()[0].find(partDataPath(dir) + ": damaged part data file"), 0u)
             << traces.lines()[0];
@@ -69,13 +70,13 @@ TEST(BadPartData, NulBytesAreNamedWithTheirLine) {
 
 // The family's own text reader, straight on a file; traces with the path
 // replaced by "FILE".
-std::pair<Section, Strings> readWithOwnReader(const std::string& text) {
+std::pair<Section, StringList> readWithOwnReader(const std::string& text) {
     TempDir dir;
     const std::string path = dir.write("own.pwd", text);
     TraceCapture traces;
     TarnSDSFile family(kBadDataPm, nullptr);
     EXPECT_TRUE(family.loadPWD(path, {"LUT", "FF"}));
-    Strings lines = traces.lines();
+    StringList lines = traces.lines();
     for (std::string& line : lines)
         if (line.compare(0, path.size(), path) == 0)
             line.replace(0, path.size(), "FILE");
@@ -87,18 +88,18 @@ TEST(BadPartData, OwnReaderNamesLongLinesAndNulBytesOnce) {
     // second "row" of the rest, which is not a row anyone asks for.
     const std::string longRow = "BQ9_BG10 = 1, " + std::string(4986, '2') + "\n";
     const auto [longSection, longTraces] = readWithOwnReader(kCleanPartData + longRow + longRow);
-    EXPECT_EQ(longSection.m_datas.at("BQ2_BG10"), (Strings{"1280", "1400"}));
+    EXPECT_EQ(longSection.m_datas.at("BQ2_BG10"), (StringList{"1280", "1400"}));
     EXPECT_EQ(longSection.m_datas.at("BQ9_BG10").size(), 2u);
     EXPECT_EQ(longSection.m_datas.at("BQ9_BG10")[1].size(), 4095u - 14u);
-    EXPECT_EQ(longTraces, Strings{"FILE:5: line longer than 4095 characters, read in pieces"});
+    EXPECT_EQ(longTraces, StringList{"FILE:5: line longer than 4095 characters, read in pieces"});
 
     std::string withNul = kCleanPartData;
     withNul.replace(withNul.find("1280"), 0, std::string("\0", 1));  // line 4
     withNul += std::string("BQ7_BG10 = 3\0, 4\n", 17);
     const auto [nulSection, nulTraces] = readWithOwnReader(withNul);
-    EXPECT_EQ(nulSection.m_datas.at("BQ1_BG10"), (Strings{"640", "700"}));
-    EXPECT_EQ(nulSection.m_datas.at("BQ7_BG10"), (Strings{"3"}));
-    EXPECT_EQ(nulTraces, Strings{"FILE:4: NUL byte; the rest of the line is ignored"});
+    EXPECT_EQ(nulSection.m_datas.at("BQ1_BG10"), (StringList{"640", "700"}));
+    EXPECT_EQ(nulSection.m_datas.at("BQ7_BG10"), (StringList{"3"}));
+    EXPECT_EQ(nulTraces, StringList{"FILE:4: NUL byte; the rest of the line is ignored"});
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
@@ -25,8 +25,8 @@ const char* kAcdBase =
     "ZR12, BG100, No, C, 2560\n";
 
 template <typename Map>
-Strings keys(const Map& map) {
-    Strings names;
+StringList keys(const Map& map) {
+    StringList names;
     for (const auto& entry : map)
         names.push_back(entry.first);
     return names;
@@ -39,9 +39,11 @@ struct BuiltFamily {
                  dir.write("zr1a00/device.acd", std::string(kAcdBase) + acdExtra), dir.path())),
           loaded(mngr.loadDeviceInfo("zr1a00", true)) {}
     TarnSDSFile& file() { return *mngr.getFamilyFile("zr1a00"); }
-    Strings parts() { return keys(file().m_genericDevices.m_datas); }
-    Strings resourceKeys() { return keys(file().m_deviceInfo.m_datas); }
-    const Strings& row(const std::string& part) { return file().m_genericDevices.m_datas.at(part); }
+    StringList parts() { return keys(file().m_genericDevices.m_datas); }
+    StringList resourceKeys() { return keys(file().m_deviceInfo.m_datas); }
+    const StringList& row(const std::string& part) {
+        return file().m_genericDevices.m_datas.at(part);
+    }
 
     devctrl_test::TempDir dir;
     devctrl_test::DataDirScope scope;
@@ -56,41 +58,42 @@ TEST(SdsBuildDatabase, AutoGeneratesEveryCombination) {
     ASSERT_TRUE(family.loaded);
     TarnSDSFile& file = family.file();
     EXPECT_EQ(file.m_genericDevices.m_items,
-              (Strings{"Device", "Speed", "Package", "ShortPackage", "Condition", "Suffix",
-                       "Status", "ASCMaxNum"}))
+              (StringList{"Device", "Speed", "Package", "ShortPackage", "Condition", "Suffix",
+                          "Status", "ASCMaxNum"}))
         << "ES, Condition and resource items are not custom items";
-    EXPECT_EQ(family.parts(), (Strings{"ZR12-6B100C", "ZR4-6B100E", "ZR4-6QF48C", "ZR4-6QF48CES",
-                                       "ZR4-6QF48I", "ZR4-6QF48IES", "ZR4-7B100E"}));
+    EXPECT_EQ(family.parts(), (StringList{"ZR12-6B100C", "ZR4-6B100E", "ZR4-6QF48C", "ZR4-6QF48CES",
+                                          "ZR4-6QF48I", "ZR4-6QF48IES", "ZR4-7B100E"}));
     EXPECT_EQ(family.row("ZR4-6QF48IES"),
-              (Strings{"ZR4", "6", "QF48", "QF48IES", "IND", "ES", "P", "0"}));
+              (StringList{"ZR4", "6", "QF48", "QF48IES", "IND", "ES", "P", "0"}));
     // Automotive: the name and short code say E, the condition says AUTO.
     EXPECT_EQ(family.row("ZR4-7B100E"),
-              (Strings{"ZR4", "7", "BG100", "B100E", "AUTO", "", "P", "0"}));
-    EXPECT_EQ(file.m_deviceInfo.m_items, (Strings{"Logic cells", "FF"}));
-    EXPECT_EQ(file.m_deviceInfo.m_datas.at("ZR4_QF48"), (Strings{"640", "-"}));
-    EXPECT_EQ(family.resourceKeys(), (Strings{"ZR12_BG100", "ZR4_BG100", "ZR4_QF48"}));
+              (StringList{"ZR4", "7", "BG100", "B100E", "AUTO", "", "P", "0"}));
+    EXPECT_EQ(file.m_deviceInfo.m_items, (StringList{"Logic cells", "FF"}));
+    EXPECT_EQ(file.m_deviceInfo.m_datas.at("ZR4_QF48"), (StringList{"640", "-"}));
+    EXPECT_EQ(family.resourceKeys(), (StringList{"ZR12_BG100", "ZR4_BG100", "ZR4_QF48"}));
 
     // Without a package row the suffix list is "?" and the conditions I and C.
     BuiltFamily bare("PACKAGE_DATAS = ZR4, QF48, No, C, 640\n");
     ASSERT_TRUE(bare.loaded);
-    EXPECT_EQ(bare.parts(), (Strings{"ZR12-6B100C?", "ZR12-6B100I?", "ZR4-6B100C?", "ZR4-6B100I?",
-                                     "ZR4-6QF48C", "ZR4-7B100C?", "ZR4-7B100I?"}));
-    EXPECT_EQ(bare.file().m_deviceInfo.m_datas.at("ZR4_BG100"), (Strings{"-", "-"}));
+    EXPECT_EQ(bare.parts(),
+              (StringList{"ZR12-6B100C?", "ZR12-6B100I?", "ZR4-6B100C?", "ZR4-6B100I?",
+                          "ZR4-6QF48C", "ZR4-7B100C?", "ZR4-7B100I?"}));
+    EXPECT_EQ(bare.file().m_deviceInfo.m_datas.at("ZR4_BG100"), (StringList{"-", "-"}));
 
     // Conditions go left to right, suffixes in order: of equal names the last
     // combination stays.
     BuiltFamily lastIsE("PACKAGE_DATAS = ZR4, QF48, ES|es, AE, 1\n");
     ASSERT_TRUE(lastIsE.loaded);
     EXPECT_EQ(lastIsE.row("ZR4-6QF48EES"),
-              (Strings{"ZR4", "6", "QF48", "QF48Ees", "", "es", "P", "0"}));
+              (StringList{"ZR4", "6", "QF48", "QF48Ees", "", "es", "P", "0"}));
 }
 
 TEST(SdsBuildDatabase, AutoExceptionsAndListedMode) {
     const std::string exceptions = "DEVICE_EXCEPTION = ZR12\nPACKAGE_EXCEPTION = ZR4, BG100\n";
     BuiltFamily excepted(exceptions + "PART_EXCEPTION = ZR4-6QF48CES, ZR4-6QF48I\n");
     ASSERT_TRUE(excepted.loaded);
-    EXPECT_EQ(excepted.parts(), (Strings{"ZR4-6QF48C", "ZR4-6QF48IES"}));
-    EXPECT_EQ(excepted.resourceKeys(), (Strings{"ZR4_QF48"}));
+    EXPECT_EQ(excepted.parts(), (StringList{"ZR4-6QF48C", "ZR4-6QF48IES"}));
+    EXPECT_EQ(excepted.resourceKeys(), (StringList{"ZR4_QF48"}));
 
     // Listed parts are the only ones allowed and no exception list applies
     // to them, but excluded devices still get no resource rows.
@@ -99,10 +102,10 @@ TEST(SdsBuildDatabase, AutoExceptionsAndListedMode) {
                        "PART_DATAS = ZR12-6B100C, A : ZR4-7B100E, O : ZR4-6QF48C, P : "
                        "ZR4-9QF48C, P\n");
     ASSERT_TRUE(listed.loaded);
-    EXPECT_EQ(listed.parts(), (Strings{"ZR12-6B100C", "ZR4-6QF48C", "ZR4-7B100E"}));
-    EXPECT_EQ(listed.resourceKeys(), (Strings{"ZR4_QF48"}));
+    EXPECT_EQ(listed.parts(), (StringList{"ZR12-6B100C", "ZR4-6QF48C", "ZR4-7B100E"}));
+    EXPECT_EQ(listed.resourceKeys(), (StringList{"ZR4_QF48"}));
     EXPECT_EQ(listed.row("ZR12-6B100C"),
-              (Strings{"ZR12", "6", "BG100", "B100C", "COM", "", "A", "2", "A"}))
+              (StringList{"ZR12", "6", "BG100", "B100C", "COM", "", "A", "2", "A"}))
         << "custom items: device Status and ASCMaxNum, then the part's own Status";
 }
 
@@ -114,16 +117,16 @@ TEST(SdsBuildDatabase, ListedMethodTakesPartsAsWritten) {
     ASSERT_TRUE(family.loaded);
     TarnSDSFile& file = family.file();
     EXPECT_EQ(file.m_genericDevices.m_items,
-              (Strings{"Device", "Package", "Speed", "Condition", "Suffix", "Status", "ASCMaxNum",
-                       "Status", "Note"}));
+              (StringList{"Device", "Package", "Speed", "Condition", "Suffix", "Status",
+                          "ASCMaxNum", "Status", "Note"}));
     // P2 has five values only: the walk stops there, so P3 is not built.
-    EXPECT_EQ(family.parts(), Strings{"P1"});
+    EXPECT_EQ(family.parts(), StringList{"P1"});
     // The part table takes Status from the part row before the device.
-    EXPECT_EQ(family.row("P1"), (Strings{"ZR4", "QF48", "6", "COM", "X", "O", "0", "O", "n1"}));
+    EXPECT_EQ(family.row("P1"), (StringList{"ZR4", "QF48", "6", "COM", "X", "O", "0", "O", "n1"}));
     EXPECT_TRUE(file.isObsDevice("P1"));
     // The resource table covers every base device and package, exceptions
     // or not.
-    EXPECT_EQ(family.resourceKeys(), (Strings{"ZR12_BG100", "ZR4_BG100", "ZR4_QF48"}));
+    EXPECT_EQ(family.resourceKeys(), (StringList{"ZR12_BG100", "ZR4_BG100", "ZR4_QF48"}));
 }
 
 TEST(SdsBuildDatabase, MethodChoiceAndEmptyListedCondition) {

@@ -3,12 +3,13 @@
 #include <utility>
 
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/util/string_list.h"
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;
 using devctrl_test::DataDirScope;
 using devctrl_test::EnvGuard;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
@@ -43,12 +44,12 @@ TEST(LoadDeviceAcd, RecordRules) {
     TarnSDSFile file("zq1a00", nullptr);
     ASSERT_TRUE(family.load(file));
     EXPECT_EQ(file.m_partGenerateMethod, "auto") << "absent method means auto";
-    EXPECT_EQ(file.m_pkgAlias.at("BG100"), (Strings{"B100", "BG100X"}));
+    EXPECT_EQ(file.m_pkgAlias.at("BG100"), (StringList{"B100", "BG100X"}));
     EXPECT_EQ(file.m_resourceLabels.size(), 2u) << "only two-field records count";
     EXPECT_EQ(file.m_resourceLabels.at("LUT"), "Logic Cells") << "the first label wins";
-    EXPECT_EQ(file.m_deviceSection.m_datas.at("ZQ4"), (Strings{"O"})) << "last record wins";
-    EXPECT_EQ(file.m_packageSection.m_datas.at("ZQ4_QF48"), (Strings{"", "No"}));
-    EXPECT_EQ(file.m_ascSection.m_datas.at("ASC20"), (Strings{"8", "4"}));
+    EXPECT_EQ(file.m_deviceSection.m_datas.at("ZQ4"), (StringList{"O"})) << "last record wins";
+    EXPECT_EQ(file.m_packageSection.m_datas.at("ZQ4_QF48"), (StringList{"", "No"}));
+    EXPECT_EQ(file.m_ascSection.m_datas.at("ASC20"), (StringList{"8", "4"}));
     EXPECT_EQ(file.m_defaultASC, "ASC20") << "the last chip record is the default";
 
     TarnSDSFile overridden("zq1a00", nullptr);

@@ -71,3 +71,22 @@ TEST(PwdLibraryReader, TextAndBinaryFormsMergeTheSameColumns) {
     EXPECT_EQ(fromBinary.m_packageSection.m_items, section.m_items);
     EXPECT_EQ(fromBinary.m_packageSection.m_datas, section.m_datas);
 }
+
+TEST(PwdLibraryReader, FormatSectionThatIsNoTableIsTracedWithItsFile) {
+    TempDir dir;
+    devctrl_test::EnvGuard env("DEVCTRL_DATA_DIR", dir.path().c_str());
+    const std::string path = dir.write("zr1a00/zr1a00.pwd", "");
+    PD_DATA data;
+    data.AddKeySection("Format");
+    ASSERT_TRUE(PD_SaveBinFile(data, path.c_str()));
+
+    devctrl_test::TraceCapture traces;
+    TarnSDSFile file("zr1a00", nullptr);
+    fillPackageSection(file);
+    EXPECT_EQ(file.loadPWD_Bin("zr1a00", "/ignored/", {"LUT"}), 0);
+    EXPECT_EQ(file.m_packageSection.m_items, Row{"PKGIndex"}) << "nothing merged";
+    ASSERT_EQ(traces.lines().size(), 1u);
+    EXPECT_NE(traces.lines()[0].find("zr1a00.pwd: Device Info must have _TBLSECT format"),
+              std::string::npos)
+        << traces.lines()[0];
+}

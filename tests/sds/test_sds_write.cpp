@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "devctrl/sds/sds_file.h"
 #include "support/test_env.h"
@@ -43,6 +44,54 @@ TEST(SdsWrite, WritesTheSupportFileLayoutThroughLinks) {
                   "\n[Device Info]\nFormat = LUT, FF\nZR4_BG100 = 640, 600\n\n");
     EXPECT_EQ(devctrl_test::listDirectory(dir.path()),
               (std::vector<std::string>{"link.sds", "real.sds"}));
+}
+
+TEST(SdsWrite, SupportFileSaysWhyItWasNotWritten) {
+    devctrl_test::TempDir dir;
+    dir.write("plain", "kept\n");
+    TarnSDSFile family("zr1a00", nullptr);
+    fill(family);
+    struct Case {
+        std::string target, reason;
+    } cases[] = {
+        {dir.path(), "is a directory"},
+        {dir.file("missing/out.sds"), "No such file or directory"},
+        {dir.file("plain/out.sds"), "Not a directory"},
+    };
+    for (const Case& c : cases) {
+        const auto result = family.writeSupportFile(c.target);
+        EXPECT_FALSE(result.written) << c.target;
+        EXPECT_NE(result.reason.find("cannot write " + c.target), std::string::npos)
+            << result.reason;
+        EXPECT_NE(result.reason.find(c.reason), std::string::npos) << result.reason;
+    }
+    EXPECT_EQ(devctrl_test::readFile(dir.file("plain")), "kept\n");
+
+    const auto result = family.writeSupportFile(dir.file("out.sds"));
+    EXPECT_TRUE(result.written);
+    EXPECT_EQ(result.reason, "");
+    EXPECT_EQ(devctrl_test::readFile(dir.file("out.sds")), family.sdsText());
+}
+
+TEST(SdsWrite, DumpGoesToTheGivenStreamWithItsSeparators) {
+    TarnSDSFile family("zr1a00", nullptr);
+    fill(family);
+    family.m_pkgAlias["BG100"] = {"B100", "B-100"};
+    std::ostringstream dump;
+    family.printMe(dump);
+    EXPECT_EQ(dump.str(),
+              "PM Name is zr1a00\n"
+              "Package alias:\n\tBG100 = B100, B-100, \n\tQF48 = Q48, \n\n"
+              "Resource Items:\n\n"
+              "Part Exception:\n\n"
+              "PM map:\nPM items format: \nPM items data: \n\n"
+              "Device map:\nDevice items format: \nDevice items data: \n\n"
+              "Package map:\nPackage items format: PKGIndex,BitOff,\nPackage items data: \n"
+              "\tZR4_BG100 = 1, 0, \n\n"
+              "Def Part map:\nDef Part items format: \nDef Part items data: \n\n"
+              "[Generic Devices]\nFormat = Device, Speed, Package\n"
+              "ZR4-6BG100C = ZR4, 6, BG100\nZR4-6QF48C = ZR4\n\n\n"
+              "[Device Info]\nFormat = LUT, FF\nZR4_BG100 = 640, 600\n\n");
 }
 
 }  // namespace

@@ -18,12 +18,12 @@
 using namespace tarn::vyxpn;
 using devctrl_test::DataDirScope;
 using devctrl_test::TraceCapture;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 namespace {
 
-Strings namesOf(const std::vector<FoundPart>& found, const std::string& pm = "") {
-    Strings names;
+StringList namesOf(const std::vector<FoundPart>& found, const std::string& pm = "") {
+    StringList names;
     for (const FoundPart& part : found) {
         if (!pm.empty()) {
             EXPECT_EQ(part.pm, pm) << part.name;
@@ -33,7 +33,7 @@ Strings namesOf(const std::vector<FoundPart>& found, const std::string& pm = "")
     return names;
 }
 
-PartQuery queryOf(const std::string& pm, Strings where, Strings patterns = {},
+PartQuery queryOf(const std::string& pm, StringList where, StringList patterns = {},
                   bool withObsolete = false, bool ascOnly = false) {
     PartQuery query;
     query.pm = pm;
@@ -54,7 +54,7 @@ TEST(PartSearch, SampleFamilyByItemsFieldsAndPatterns) {
     TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
     struct Case {
         PartQuery query;
-        Strings expected;
+        StringList expected;
     };
     const std::vector<Case> cases{
         {queryOf("zr2b00", {"LUT>=3520", "Pin Count=48"}),
@@ -83,7 +83,7 @@ TEST(PartSearch, SampleFamilyByItemsFieldsAndPatterns) {
     // Across families: only zr1a00 defines Vendor Code; ZR2 is one family.
     const std::vector<FoundPart> vendor =
         searchParts(mngr, queryOf("", {"Vendor Code=0x4a12", "Speed>=11"}, {"*F256C"}));
-    EXPECT_EQ(namesOf(vendor, "zr1a00"), (Strings{"ZR12-11F256C", "ZR12-12F256C"}));
+    EXPECT_EQ(namesOf(vendor, "zr1a00"), (StringList{"ZR12-11F256C", "ZR12-12F256C"}));
     EXPECT_EQ(searchParts(mngr, queryOf("", {"Family=ZR2"})).size(), 20u);
     // No condition, no pattern: exactly what the list query gives.
     StringList all;
@@ -99,7 +99,7 @@ TEST(PartSearch, MistakesAreErrorsWithSuggestionsNeverEmptyResults) {
         PartQuery query;
         const char* kind;
         const char* message;
-        Strings suggestions;
+        StringList suggestions;
     };
     const std::vector<Case> cases{
         {queryOf("zr2b00", {"Pin count=48"}),
@@ -136,9 +136,9 @@ TEST(PartSearch, MistakesAreErrorsWithSuggestionsNeverEmptyResults) {
         }
     }
     EXPECT_THROW(searchParts(mngr, queryOf("zr2b00", {"LUT>>1"})), PartFilterSyntaxError);
-    const Strings names = filterNames({mngr.getFamilyFile("zr2b00")});
-    EXPECT_EQ(Strings(names.begin(), names.begin() + 4),
-              (Strings{"ASCExtTypes", "ASCMaxNum", "ASCStockNum", "Condition"}));
+    const StringList names = filterNames({mngr.getFamilyFile("zr2b00")});
+    EXPECT_EQ(StringList(names.begin(), names.begin() + 4),
+              (StringList{"ASCExtTypes", "ASCMaxNum", "ASCStockNum", "Condition"}));
     for (const char* name : {"Pin Count", "Shipping", "PM", "Family", "Suffix"})
         EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << name;
 }
@@ -164,7 +164,7 @@ TEST(PartSearch, GeneratedCatalogueAgainstTheListQuery) {
         file.getNameByPart(part, f[0], f[1], f[2], f[3]);
         return f[which];
     };
-    const std::vector<std::pair<Strings, Keep>> filters{
+    const std::vector<std::pair<StringList, Keep>> filters{
         {{"LUT>=20000", "Status=p"},
          [&](const TarnSDSFile& f, const std::string& p) {
              const std::string lut = item(f, p, "LUT");
@@ -184,7 +184,7 @@ TEST(PartSearch, GeneratedCatalogueAgainstTheListQuery) {
             for (const auto& [pm, file] : mngr.getFamilyFiles()) {
                 StringList parts;
                 mngr.getAllPartsByPM(pm, parts, flags & 1, flags & 2);
-                Strings expected;
+                StringList expected;
                 for (const std::string& part : parts)
                     if (keep(*file, part)) {
                         expected.push_back(part);

@@ -11,7 +11,6 @@
 #include <sstream>
 
 #include "devctrl/mngr/device_mngr.h"
-#include "platform/pm_database.h"
 #include "platform/ut_trace.h"
 
 namespace fs = std::filesystem;
@@ -91,13 +90,6 @@ bool TraceCapture::contains(const std::string& text) const {
         if (line.find(text) != std::string::npos)
             return true;
     return false;
-}
-
-void dropManager() {
-    delete tarn::vyxpn::TarnDeviceMngr::m_pMngr;
-    tarn::vyxpn::TarnDeviceMngr::m_pMngr = nullptr;
-    delete PM_DATABASE::_database;
-    PM_DATABASE::_database = nullptr;
 }
 
 DataDirScope::DataDirScope(const std::string& dataDir)

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "support/manager_teardown.h"
+
 namespace devctrl_test {
 
 // A fresh directory under the system temp dir, removed with its content.
@@ -65,8 +67,6 @@ class DataDirScope {
     EnvGuard m_env;
 };
 
-// Destroys the manager (if any) and the part-model database.
-void dropManager();
 
 // Runs the devctrl tool with `args` (a shell-quoted string); returns the exit
 // status and fills standard output and error.

@@ -8,7 +8,7 @@
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;
-using Strings = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 
 // The tool's export of the sample installation lists every part of every
 // family, obsolete ones included, in the library's order and with the
@@ -26,7 +26,7 @@ TEST(SampleDataExport, ListsEveryPartWithTheLibrarysFields) {
         QJsonDocument::fromJson(QByteArray::fromStdString(out)).object()["pms"].toObject();
     ASSERT_EQ(static_cast<std::size_t>(exported.size()), mngr.getFamilyFiles().size());
     for (const auto& entry : mngr.getFamilyFiles()) {
-        Strings parts;
+        StringList parts;
         mngr.getAllPartsByPM(entry.first, parts, true, false);
         const QJsonArray inExport =
             exported[QString::fromStdString(entry.first)].toObject()["parts"].toArray();
@@ -36,9 +36,9 @@ TEST(SampleDataExport, ListsEveryPartWithTheLibrarysFields) {
             ASSERT_TRUE(mngr.getNameByPart(parts[i], pm, device, package, speed, condition));
             const QJsonObject part = inExport[static_cast<int>(i)].toObject();
             auto field = [&](const char* name) { return part[name].toString().toStdString(); };
-            EXPECT_EQ(Strings({field("name"), field("device"), field("package"), field("speed"),
-                               field("condition")}),
-                      Strings({parts[i], device, package, speed, condition}));
+            EXPECT_EQ(StringList({field("name"), field("device"), field("package"), field("speed"),
+                                  field("condition")}),
+                      StringList({parts[i], device, package, speed, condition}));
         }
     }
 }

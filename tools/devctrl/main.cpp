@@ -70,6 +70,14 @@ std::string familyLoadedAs(const tarn::vyxpn::LoadProgress& progress) {
            (progress.family.empty() ? progress.pm : progress.family + " (PM " + progress.pm + ")");
 }
 
+// The family whose data raised `error`, named as familyLoadedAs names it.
+std::string familyOf(const tarn::vyxpn::DataError& error) {
+    tarn::vyxpn::LoadProgress broken;
+    broken.pm = error.pm();
+    broken.family = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(error.pm());
+    return familyLoadedAs(broken);
+}
+
 // What a command's arguments say it works on: its first part, PM or family
 // argument, looked for in the chosen subcommand and the subcommand it chose.
 std::string subjectOf(const CLI::App& command) {
@@ -133,22 +141,23 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
         installProgress();
         try {
             TarnDeviceMngr::getInstance(TarnDeviceMngr::BrokenFamilies::Skip);
-        } catch (...) {
-            // Bad data of one family stopped the load: that family is what
+        } catch (const tarn::vyxpn::DataError&) {
+            // Bad data stopped the load: the family they belong to is what
             // the user must look at, whatever the command was about.
+            clearProgress();
+            subject.clear();
+            throw;
+        } catch (...) {
+            // Not the data: the load was stopped while this family loaded.
             clearProgress();
             subject = familyLoadedAs(loading);
             throw;
         }
         clearProgress();
         // A broken family is named once; the command answers for the others.
-        for (const tarn::vyxpn::DataError& failure : TarnDeviceMngr::m_pMngr->loadFailures()) {
-            tarn::vyxpn::LoadProgress broken;
-            broken.pm = failure.pm();
-            broken.family = TarnDeviceMngr::basePmToFamily(failure.pm());
-            std::cerr << "devctrl: " << familyLoadedAs(broken) << " not loaded: " << failure.what()
+        for (const tarn::vyxpn::DataError& failure : TarnDeviceMngr::m_pMngr->loadFailures())
+            std::cerr << "devctrl: " << familyOf(failure) << " not loaded: " << failure.what()
                       << '\n';
-        }
         tarn::vyxpn::StringList installed;
         TarnDeviceMngr::baseGetAllPMs(installed);
         if (installed.empty())
@@ -256,9 +265,18 @@ int runTool(int argc, char** argv) {
     } catch (const ToolError& e) {
         std::cerr << "devctrl: " << e.what() << '\n';
         return e.status();
+    } catch (const tarn::vyxpn::DataError& e) {
+        // The error names its file, key and record; the family is added.
+        std::cerr << "devctrl: "
+                  << (context.subject.empty()
+                          ? ""
+                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ")
+                  << "error in the installed data"
+                  << (e.pm().empty() ? std::string() : " of " + familyOf(e)) << ": " << e.what()
+                  << '\n';
+        return 3;
     } catch (const std::exception& e) {
-        // A range error from rows shorter than their columns, or anything
-        // else the data provoked: one line that says where to look.
+        // Anything else the data provoked: one line that says where to look.
         std::cerr << "devctrl: "
                   << (context.subject.empty()
                           ? ""

@@ -17,19 +17,20 @@ QJsonArray toJsonArray(const std::vector<std::string>& list) {
     return array;
 }
 
+std::string toJsonText(const QJsonValue& value) {
+    // A document holds only arrays and objects: write the value inside one
+    // and take the brackets off.
+    const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return text.mid(1, text.size() - 2).toStdString();
+}
+
 static void printJson(const QJsonValue& value) {
-    QByteArray text;
-    if (value.isArray()) {
-        text = QJsonDocument(value.toArray()).toJson(QJsonDocument::Indented);
-    } else if (value.isObject()) {
-        text = QJsonDocument(value.toObject()).toJson(QJsonDocument::Indented);
-    } else {
-        // A document holds only arrays and objects: write the scalar inside
-        // one and take the brackets off.
-        text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-        text = text.mid(1, text.size() - 2) + "\n";
-    }
-    std::cout << text.toStdString();
+    if (value.isArray())
+        std::cout << QJsonDocument(value.toArray()).toJson(QJsonDocument::Indented).toStdString();
+    else if (value.isObject())
+        std::cout << QJsonDocument(value.toObject()).toJson(QJsonDocument::Indented).toStdString();
+    else
+        std::cout << toJsonText(value) << '\n';
 }
 
 void Output::list(const std::vector<std::string>& items) {

@@ -12,6 +12,10 @@ namespace devctrl_tool {
 
 QJsonArray toJsonArray(const std::vector<std::string>& list);
 QString qs(const std::string& text);
+// `value` as JSON text on one line, without a newline; the one JSON writer
+// of the tool, so that every command encodes texts alike (bytes that are
+// not UTF-8 included).
+std::string toJsonText(const QJsonValue& value);
 
 class Output {
   public:

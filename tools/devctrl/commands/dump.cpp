@@ -1,4 +1,3 @@
-#include <iostream>
 #include <sstream>
 
 #include "command.h"
@@ -18,13 +17,10 @@ class DumpCommand : public Command {
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
-        // The library prints to standard output; with --json the dump is
-        // passed on as one string.
-        std::ostringstream captured;
-        std::streambuf* previous = std::cout.rdbuf(captured.rdbuf());
-        mngr.printMe(pm);
-        std::cout.rdbuf(previous);
-        context.out.print(qs(captured.str()), captured.str());
+        // Gathered first: with --json the dump is passed on as one string.
+        std::ostringstream dump;
+        mngr.printMe(pm, dump);
+        context.out.print(qs(dump.str()), dump.str());
         return 0;
     }
 

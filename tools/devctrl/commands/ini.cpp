@@ -13,11 +13,12 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/profile_write.h"
 #include "devctrl/util/quote.h"
+#include "devctrl/util/string_list.h"
 
 namespace devctrl_tool {
 namespace {
 
-using StringList = std::vector<std::string>;
+using tarn::vyxpn::StringList;
 namespace profile = tarn::vyxpn::util::profile;
 
 // Lists and values are read into buffers far larger than any line can be.

@@ -1,26 +1,22 @@
 #include "json_stream.h"
 
-#include <QString>
 #include <algorithm>
+
+#include "output.h"
 
 namespace devctrl_tool {
 
 void writeJsonString(std::ostream& out, const std::string& text) {
-    const bool ascii = std::all_of(text.begin(), text.end(),
-                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    const std::string utf8 = ascii ? text : QString::fromStdString(text).toStdString();
-    static const char* hex = "0123456789abcdef";
-    out << '"';
-    for (char c : utf8) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\')
-            out << '\\' << c;
-        else if (byte < 0x20)
-            out << "\\u00" << hex[byte >> 4] << hex[byte & 0xf];
-        else
-            out << c;
-    }
-    out << '"';
+    // Printable ASCII without quote or backslash is its own JSON text; that
+    // shortcut keeps large documents fast. Anything else goes through the
+    // tool's JSON writer.
+    const bool plain = std::all_of(text.begin(), text.end(), [](char c) {
+        return c >= 0x20 && c < 0x7f && c != '"' && c != '\\';
+    });
+    if (plain)
+        out << '"' << text << '"';
+    else
+        out << toJsonText(qs(text));
 }
 
 void writeJsonList(std::ostream& out, const std::vector<std::string>& list) {

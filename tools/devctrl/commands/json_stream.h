@@ -7,8 +7,8 @@
 
 namespace devctrl_tool {
 
-// Writes `text` as a JSON string. Bytes that are not UTF-8 are replaced the
-// way the other commands' JSON output replaces them.
+// Writes `text` as a JSON string, encoded as every other command encodes
+// it (toJsonText).
 void writeJsonString(std::ostream& out, const std::string& text);
 // Writes a JSON array of strings on one line.
 void writeJsonList(std::ostream& out, const std::vector<std::string>& list);

@@ -25,11 +25,17 @@ class WriteSdsCommand : public Command {
     int run(Context& context) override {
         auto& mngr = context.mngr();
         const std::string pm = resolvePm(mngr, m_pm);
-        const tarn::vyxpn::TarnSDSFile* family = mngr.getFamilyFile(pm);
-        if (!family)
-            throw ToolError("PM " + pm + " is not loaded; nothing written to " +
-                            tarn::vyxpn::util::escapedForMessage(m_file));
-        writeOutputFile(m_file, family->sdsText());
+        if (isStandardOutput(m_file)) {
+            const tarn::vyxpn::TarnSDSFile* family = mngr.getFamilyFile(pm);
+            if (!family)
+                throw ToolError("PM " + tarn::vyxpn::util::escapedForMessage(pm) +
+                                " is not loaded; nothing written to standard output");
+            writeOutputFile(m_file, family->sdsText());
+            return 0;
+        }
+        const tarn::vyxpn::SdsWriteResult written = mngr.writeSupportFile(pm, m_file);
+        if (!written)
+            throw ToolError(written.reason);
         return 0;
     }
 
