@@ -14,6 +14,8 @@
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
 
+#include "devctrl/util/export.h"
+
 class PM_DEVKEY;
 
 namespace tarn::vyxpn {
@@ -24,7 +26,7 @@ class TarnDeviceObj;
 using StringList = std::vector<std::string>;
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnDeviceMngr {
+class DEVCTRL_API TarnDeviceMngr {
   public:
     TarnDeviceMngr();
     ~TarnDeviceMngr();
@@ -222,6 +224,6 @@ class TarnDeviceMngr {
 };
 
 // The ','-separated members of one key; empties `out` and returns the count.
-int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out);
+DEVCTRL_API int g_getMemerItems(PM_DEVKEY& keys, const char* key, std::vector<std::string>& out);
 
 }  // namespace tarn::vyxpn

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"

@@ -10,17 +10,20 @@
 
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/item_source.h"
-#include "devctrl/sds/part_index.h"
+#include "devctrl/sds/part_list_kind.h"
 #include "devctrl/sds/sds_file_section.h"
+
+#include "devctrl/util/export.h"
 
 namespace tarn::vyxpn {
 
 class TarnDeviceMngr;
 class TarnDeviceObj;
+class TarnPartIndex;
 
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnSDSFile {
+class DEVCTRL_API TarnSDSFile {
   public:
     TarnSDSFile(std::string pm, TarnDeviceMngr* mngr);
     ~TarnSDSFile();
@@ -156,7 +159,7 @@ class TarnSDSFile {
     void invalidateIndexes();
     // Drops this family's indexes only (the manager does this for each of its
     // families when any of them changes).
-    void dropOwnIndexes() { m_index.reset(); }
+    void dropOwnIndexes();
     // The index, after checking that the tables still look as they did when
     // it was begun. `ascOnly` answers depend on every family the manager
     // holds (which one owns a name), so those check the manager too.

@@ -1,4 +1,5 @@
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {
@@ -11,6 +12,10 @@ TarnPartIndex& TarnSDSFile::index(bool ascOnly) const {
     if (!m_index)
         m_index = std::make_unique<TarnPartIndex>(*this);
     return *m_index;
+}
+
+void TarnSDSFile::dropOwnIndexes() {
+    m_index.reset();
 }
 
 void TarnSDSFile::invalidateIndexes() {

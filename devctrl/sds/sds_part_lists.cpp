@@ -2,6 +2,7 @@
 
 #include "devctrl/mngr/comparators.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
 
