@@ -22,7 +22,7 @@ foreach(name "tarn::vyxpn::TarnDeviceMngr::getInstance" "tarn::vyxpn::TarnSDSFil
     endif()
 endforeach()
 foreach(name TarnPartIndex CachedPartList FilteredPartLists ProfileLock writeProfileString
-             writeWholeFile DataFile KeyedRecordLines readPmRecord)
+             writeWholeFile "DataFile::" KeyedRecordLines readPmRecord)
     string(FIND "${demangled}" "${name}" at)
     if(NOT at EQUAL -1)
         message(FATAL_ERROR "internal ${name} is exported")
