@@ -4,23 +4,18 @@
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <string>
 
-#include "allocation_counter.h"
 #include "bench/generator/hostile_shapes.h"
-#include "devctrl/mngr/device_mngr.h"
 #include "platform/ut_trace.h"
+#include "startup_measure.h"
 
 namespace devctrl_bench {
 namespace {
 
-using tarn::vyxpn::TarnDeviceMngr;
 using tarn::vyxpn::gen::HostileShape;
-
-constexpr double kMegabyte = 1e6;
 
 struct ShapeDirectory {
     std::string path;
@@ -50,27 +45,12 @@ void BM_HostileStartup(benchmark::State& state) {
     const auto count = static_cast<std::size_t>(state.range(1));
     const ShapeDirectory& directory = shapeDirectory(shape, count);
     setDiagTraceHandler([](const char*, const char*) {});
-    std::size_t peak = 0, held = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        delete TarnDeviceMngr::m_pMngr;
-        setenv("DEVCTRL_DATA_DIR", directory.path.c_str(), 1);
-        resetHeapPeak();
-        const std::size_t before = heapBytesInUse();
-        state.ResumeTiming();
-
-        benchmark::DoNotOptimize(TarnDeviceMngr::getInstance());
-
-        state.PauseTiming();
-        peak = std::max(peak, heapBytesPeak() - before);
-        held = heapBytesInUse() - before;
-        delete TarnDeviceMngr::m_pMngr;
-        state.ResumeTiming();
-    }
+    const StartupHeap heap =
+        measureStartups(state, [&] { setenv("DEVCTRL_DATA_DIR", directory.path.c_str(), 1); });
     state.SetLabel(nameOf(shape));
     state.counters["key_MB"] = static_cast<double>(directory.keyBytes) / kMegabyte;
-    state.counters["peak_MB"] = static_cast<double>(peak) / kMegabyte;
-    state.counters["held_MB"] = static_cast<double>(held) / kMegabyte;
+    state.counters["peak_MB"] = static_cast<double>(heap.peak) / kMegabyte;
+    state.counters["held_MB"] = static_cast<double>(heap.held) / kMegabyte;
 }
 
 void hostileArguments(benchmark::internal::Benchmark* benchmark) {

@@ -14,14 +14,13 @@
 #include "bench_catalogues.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "startup_measure.h"
 
 namespace devctrl_bench {
 namespace {
 
 using tarn::vyxpn::TarnDeviceMngr;
 using tarn::vyxpn::TarnSDSFileSection;
-
-constexpr double kMegabyte = 1e6;
 
 void reportCatalogue(benchmark::State& state, const BenchCatalogue& catalogue,
                      std::size_t peakBytes) {
@@ -32,22 +31,8 @@ void reportCatalogue(benchmark::State& state, const BenchCatalogue& catalogue,
 // A fresh manager over the catalogue, as a host program creates it at start.
 void BM_Startup(benchmark::State& state) {
     const BenchCatalogue& catalogue = benchCatalogue(static_cast<std::size_t>(state.range(0)));
-    std::size_t peak = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        useCatalogue(catalogue);
-        resetHeapPeak();
-        const std::size_t before = heapBytesInUse();
-        state.ResumeTiming();
-
-        benchmark::DoNotOptimize(TarnDeviceMngr::getInstance());
-
-        state.PauseTiming();
-        peak = std::max(peak, heapBytesPeak() - before);
-        delete TarnDeviceMngr::m_pMngr;
-        state.ResumeTiming();
-    }
-    reportCatalogue(state, catalogue, peak);
+    const StartupHeap heap = measureStartups(state, [&] { useCatalogue(catalogue); });
+    reportCatalogue(state, catalogue, heap.peak);
 }
 
 // The rows of one table, in key order: the order that lets a std::map be

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -11,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "devctrl/mngr/part_owner_index.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/table_stamp.h"
 
@@ -193,19 +195,9 @@ class DEVCTRL_API TarnDeviceMngr {
 
   private:
     // The family a part name belongs to: the first, in PM order, whose part
-    // table holds it and has the columns a name lookup reads. Stored without
-    // the row, which a host may erase: the row is looked up by name on use.
-    struct PartOwner {
-        const std::string* pm;
-        const TarnSDSFile* file;
-    };
-    struct OwnedRow {
-        const std::string* pm;
-        const TarnSDSFile* file;
-        const std::vector<std::string>* row;  // valid until the tables change
-    };
-    std::optional<OwnedRow> ownerOf(const std::string& part);
-    void buildPartOwners();
+    // table holds it and has the columns a name lookup reads. From an index
+    // built on first use; null when no family holds the name.
+    const PartOwnerIndex::Owner* ownerOf(const std::string& part);
     // Drops what depends on the families' tables, without touching the
     // families' own indexes (which check their tables themselves).
     void tablesChanged();
@@ -213,7 +205,7 @@ class DEVCTRL_API TarnDeviceMngr {
 
     std::map<std::string, TarnSDSFile*> m_familyFiles;
     std::uint64_t m_indexGeneration = 1;
-    std::optional<std::unordered_map<std::string, PartOwner>> m_partOwners;
+    std::unique_ptr<PartOwnerIndex> m_partOwners;
     // How each loaded family's tables looked when the indexes were begun, in
     // m_familyFiles order; none until a query needs them.
     std::optional<std::vector<FamilyTablesStamp>> m_tableStamps;

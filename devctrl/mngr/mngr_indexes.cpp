@@ -49,45 +49,11 @@ void TarnDeviceMngr::noticeTableChanges(bool everyTable) {
         tablesChanged();
 }
 
-void TarnDeviceMngr::buildPartOwners() {
-    std::size_t total = 0;
-    for (const auto& entry : m_familyFiles)
-        if (entry.second)
-            total += entry.second->m_genericDevices.m_datas.size();
-    m_partOwners.emplace();
-    m_partOwners->reserve(total);
-    for (const auto& [pm, file] : m_familyFiles) {
-        if (!file)
-            continue;
-        const TarnSDSFileSection& parts = file->m_genericDevices;
-        // Without these columns the family answers no name lookup, so a
-        // later family may own the name.
-        if (parts.columnOf("Device") < 0 || parts.columnOf("Speed") < 0 ||
-            parts.columnOf("Package") < 0 || parts.columnOf("Condition") < 0)
-            continue;
-        for (const auto& entry : parts.m_datas)
-            m_partOwners->emplace(entry.first, PartOwner{&pm, file});
-    }
-}
-
-std::optional<TarnDeviceMngr::OwnedRow> TarnDeviceMngr::ownerOf(const std::string& part) {
+const PartOwnerIndex::Owner* TarnDeviceMngr::ownerOf(const std::string& part) {
     noticeTableChanges(false);
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        if (!m_partOwners)
-            buildPartOwners();
-        auto found = m_partOwners->find(part);
-        if (found == m_partOwners->end())
-            return std::nullopt;
-        const PartOwner& owner = found->second;
-        const auto& rows = owner.file->m_genericDevices.m_datas;
-        auto row = rows.find(part);
-        if (row != rows.end())
-            return OwnedRow{owner.pm, owner.file, &row->second};
-        // Erased, with another row added so that the counts still match:
-        // the index is stale, so look again in a fresh one.
-        tablesChanged();
-    }
-    return std::nullopt;
+    if (!m_partOwners)
+        m_partOwners = std::make_unique<PartOwnerIndex>(m_familyFiles);
+    return m_partOwners->find(part);
 }
 
 }  // namespace tarn::vyxpn

@@ -8,10 +8,23 @@ bool TarnDeviceMngr::getNameByPart(const std::string& part, std::string& pm, std
                                    std::string& package, std::string& speed,
                                    std::string& condition) {
     // A name known to two families belongs to the one whose code sorts first.
-    const std::optional<OwnedRow> owner = ownerOf(part);
-    std::string d, p, s, c;
-    if (!owner || !owner->file->getNameByRow(*owner->row, d, p, s, c))
+    const PartOwnerIndex::Owner* owner = ownerOf(part);
+    if (!owner)
         return false;
+    std::string d, p, s, c;
+    if (owner->cells[0] != PartOwnerIndex::kReadTheRow) {
+        d = m_partOwners->text(owner->cells[0]);
+        p = m_partOwners->text(owner->cells[1]);
+        s = m_partOwners->text(owner->cells[2]);
+        c = m_partOwners->text(owner->cells[3]);
+    } else {
+        // A row too short for its columns is read as the walk reads it, which
+        // raises for broken data.
+        const auto& rows = owner->file->m_genericDevices.m_datas;
+        auto row = rows.find(part);
+        if (row == rows.end() || !owner->file->getNameByRow(row->second, d, p, s, c))
+            return false;
+    }
     pm = *owner->pm;
     device = d;
     package = p;

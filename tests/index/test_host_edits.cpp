@@ -219,26 +219,28 @@ TEST(HostEdits, NoticedOrAnnouncedEditsGiveTheWalksAnswers) {
     }
 }
 
-TEST(HostEdits, NameLookupsReadTheRowAsItIsNow) {
-    // The owner index keeps no row: a row replaced or emptied in place is
-    // read as it is now, even before the host says anything.
+TEST(HostEdits, NameLookupsSeeCellsEditedInPlaceOnceTold) {
+    // The owner index keeps copies of the name cells, never the row: a row
+    // replaced or emptied in place is read as it is now once the host says so.
     TwoFamilies t;
     Strings list;
     t.first.getDevices(list, true, false);
     std::string pm, device, package, speed, condition;
     ASSERT_TRUE(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition));
     t.rows()["ZR4-6QF48C"] = {"ZR6", "9", "BG100", "BG100C", "IND", "", "P", "0"};
+    t.first.invalidateIndexes();
     ASSERT_TRUE(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition));
     EXPECT_EQ(Strings({pm, device, package, speed, condition}),
               Strings({"zr1a00", "ZR6", "BG100", "9", "IND"}));
+    // An emptied row: the lists and the name lookup answer from their copies
+    // until told, without touching the row; then a row too short for its
+    // columns makes them throw, as the walk does.
+    t.first.getDevices(list, true, false);
     t.rows()["ZR4-6QF48C"].clear();
-    EXPECT_THROW(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition),
-                 std::out_of_range);
-    // The lists answer from their copies until told, without touching the
-    // row; then a row too short for its columns makes them throw, as the
-    // walk does.
     EXPECT_NO_THROW(t.first.getDevices(list, true, false));
     t.mngr.invalidateIndexes();
+    EXPECT_THROW(t.mngr.getNameByPart("ZR4-6QF48C", pm, device, package, speed, condition),
+                 std::out_of_range);
     EXPECT_THROW(t.first.getDevices(list, true, false), std::out_of_range);
 
     // A part name looked up by its cells is never one whose row lost them.
