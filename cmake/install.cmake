@@ -22,6 +22,7 @@ set(DEVCTRL_PUBLIC_HEADERS
     mngr/near_names.h
     mngr/part_filter.h
     mngr/part_items.h
+    mngr/part_owner_index.h
     mngr/part_search.h
     sds/data_error.h
     sds/item_source.h
