@@ -8,12 +8,55 @@ install(TARGETS devctrl EXPORT devctrlTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS devctrl_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# Public headers keep their layout: <devctrl/...> for the library and
-# <platform/...> (found through include/devctrl) for the platform layer.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/devctrl/
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/devctrl FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/devctrl/platform FILES_MATCHING PATTERN "*.h")
+# The public headers, listed one by one: what is here is the interface, and
+# a header left out (an index, a lock, a file writer) can change freely. All
+# land under include/devctrl, the platform layer's as <devctrl/platform/...>.
+set(DEVCTRL_PUBLIC_HEADERS
+    devctrl.h
+    device/device_obj.h
+    mngr/data_check.h
+    mngr/device_mngr.h
+    mngr/load_progress.h
+    mngr/near_names.h
+    mngr/part_filter.h
+    mngr/part_items.h
+    mngr/part_owner_index.h
+    mngr/part_search.h
+    sds/asc_capacity.h
+    sds/data_error.h
+    sds/devstatus_flags.h
+    sds/item_source.h
+    sds/part_list_kind.h
+    sds/sds_file.h
+    sds/sds_file_section.h
+    sds/table_stamp.h
+    sds/write_result.h
+    util/comparators.h
+    util/export.h
+    util/glob_match.h
+    util/profile.h
+    util/quote.h
+    util/string_list.h
+    util/string_utils.h
+    util/tokenizer.h)
+set(DEVCTRL_PUBLIC_PLATFORM_HEADERS
+    base_settings.h
+    export.h
+    pm_database.h
+    pm_devkey.h
+    pm_name_darray.h
+    pm_pic.h
+    ut_quote.h
+    ut_strobj.h
+    ut_trace.h)
+foreach(header ${DEVCTRL_PUBLIC_HEADERS})
+    get_filename_component(subdir ${header} DIRECTORY)
+    install(FILES ${PROJECT_SOURCE_DIR}/devctrl/${header}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/devctrl/${subdir})
+endforeach()
+list(TRANSFORM DEVCTRL_PUBLIC_PLATFORM_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/platform/)
+install(FILES ${DEVCTRL_PUBLIC_PLATFORM_HEADERS}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/devctrl/platform)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION ${DEVCTRL_INSTALL_DATA_SUBDIR})
 
 install(EXPORT devctrlTargets NAMESPACE devctrl::

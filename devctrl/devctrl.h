@@ -2,11 +2,13 @@
 // Everything a host program needs: the device manager, the family data
 // objects, device objects, the comparators, the text helpers and the INI
 // profile functions; part search, item listing, "did you mean" and load
-// progress.
+// progress. Qt stays out: hosts that want the settings store include
+// <devctrl/platform/base_settings.h>.
 
 #include "devctrl/device/device_obj.h"
 #include "devctrl/util/comparators.h"
 #include "devctrl/sds/devstatus_flags.h"
+#include "devctrl/mngr/data_check.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/sds/sds_file_section.h"
@@ -22,7 +24,6 @@
 #include "devctrl/sds/item_source.h"
 #include "devctrl/util/glob_match.h"
 
-#include "platform/base_settings.h"
-#include "platform/pm_devkey.h"
-#include "platform/pm_pic.h"
-#include "platform/ut_trace.h"
+#include "devctrl/platform/pm_devkey.h"
+#include "devctrl/platform/pm_pic.h"
+#include "devctrl/platform/ut_trace.h"

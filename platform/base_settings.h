@@ -4,12 +4,14 @@
 #include <QString>
 #include <memory>
 
+#include "export.h"
+
 class QSettings;
 
 // The host's settings store: a QSettings INI file named by DEVCTRL_SETTINGS,
 // or devctrl/settings.ini in the user's configuration directory.
-class BaseSettings {
-public:
+class DEVCTRL_API BaseSettings {
+  public:
     explicit BaseSettings(const QString& group);
     ~BaseSettings();
     BaseSettings(const BaseSettings&) = delete;
@@ -21,12 +23,12 @@ public:
 
     static QString fileName();
 
-private:
+  private:
     std::unique_ptr<QSettings> m_settings;
 };
 
-class BaseSystem {
-public:
+class DEVCTRL_API BaseSystem {
+  public:
     // The data directory, by precedence: the one set with setDataPath; else
     // DEVCTRL_DATA_DIR when set and not empty; else the installed sample data
     // beside the library, or the source tree's data/ for a build that is not

@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/pm_devkey.h"
-#include "platform/ut_strobj.h"
+#include "pm_devkey.h"
+#include "ut_strobj.h"
+
+#include "export.h"
 
 // Operating conditions a speed grade is offered in.
 enum PM_CONDITION_FLAGS : unsigned char {
@@ -17,17 +19,17 @@ enum PM_CONDITION_FLAGS : unsigned char {
     PM_COND_COMMERCIAL = 2,
 };
 
-struct PM_SPEED_RECORD {
+struct DEVCTRL_API PM_SPEED_RECORD {
     std::string grade;
     unsigned char conditionFlags = PM_COND_INDUSTRIAL | PM_COND_COMMERCIAL;
 };
 
-struct PM_PACKAGE_RECORD {
+struct DEVCTRL_API PM_PACKAGE_RECORD {
     std::string name;
     std::vector<PM_SPEED_RECORD> speeds;
 };
 
-struct PM_DEVICE_RECORD {
+struct DEVCTRL_API PM_DEVICE_RECORD {
     std::string name;
     std::vector<PM_PACKAGE_RECORD> packages;
 
@@ -37,7 +39,7 @@ struct PM_DEVICE_RECORD {
     const PM_PACKAGE_RECORD* findPackage(const std::string& name) const;
 };
 
-struct PM_RECORD {
+struct DEVCTRL_API PM_RECORD {
     std::string pm;                         // the directory name
     std::string directory;                  // absolute path of <data>/<pm>
     UT_STROBJ familyName;                   // first name of FAMILY
@@ -55,7 +57,7 @@ struct PM_RECORD {
     PM_DEVICE_RECORD* findDevice(const std::string& name);
 };
 
-class PM_DATABASE {
+class DEVCTRL_API PM_DATABASE {
   public:
     // The process-wide database, built from BaseSystem::getDataPath() on the
     // first call and kept in _database until someone deletes it.

@@ -8,9 +8,11 @@
 #include <unordered_map>
 #include <vector>
 
+#include "export.h"
+
 class PM_PIC_HDL;
 
-class PM_DEVKEY {
+class DEVCTRL_API PM_DEVKEY {
   public:
     // An empty key set.
     PM_DEVKEY() = default;
@@ -43,7 +45,7 @@ class PM_DEVKEY {
 // trimmed of blanks and tabs; empty fields are kept. An absent key and an
 // empty value have no record; an empty record has no field. With a field
 // separator of 0 the whole non-empty record is its one field.
-class PM_DEVKEY_KEYITER {
+class DEVCTRL_API PM_DEVKEY_KEYITER {
   public:
     PM_DEVKEY_KEYITER(const PM_DEVKEY* keys, const char* key, char recordSeparator,
                       char fieldSeparator, unsigned char flags = 0);

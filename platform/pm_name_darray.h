@@ -4,12 +4,14 @@
 #include <memory>
 #include <vector>
 
-#include "platform/ut_strobj.h"
+#include "ut_strobj.h"
+
+#include "export.h"
 
 // A shared, reference-counted array of names. Copies share the array; the last
 // holder's release frees it. A default-constructed array is "missing".
-class PM_NAME_DARRAY {
-public:
+class DEVCTRL_API PM_NAME_DARRAY {
+  public:
     PM_NAME_DARRAY() = default;
     explicit PM_NAME_DARRAY(std::vector<UT_STROBJ> names)
         : m_names(std::make_shared<const std::vector<UT_STROBJ>>(std::move(names))) {}
@@ -20,6 +22,6 @@ public:
     long useCount() const { return m_names.use_count(); }
     void release() { m_names.reset(); }
 
-private:
+  private:
     std::shared_ptr<const std::vector<UT_STROBJ>> m_names;
 };

@@ -4,11 +4,13 @@
 
 #include <string>
 
-#include "platform/pm_database.h"
-#include "platform/pm_name_darray.h"
+#include "pm_database.h"
+#include "pm_name_darray.h"
 
-class PM_SPEC {
-public:
+#include "export.h"
+
+class DEVCTRL_API PM_SPEC {
+  public:
     virtual ~PM_SPEC() = default;
 
     // Both select by PM code (exact) or, failing that, by family name
@@ -22,15 +24,15 @@ public:
     // The selected PM record, or null.
     const PM_RECORD* getPm(unsigned char flags = 0) const;
 
-protected:
+  protected:
     const PM_RECORD* m_pm = nullptr;
     const PM_DEVICE_RECORD* m_device = nullptr;
     const PM_PACKAGE_RECORD* m_package = nullptr;
     const PM_SPEED_RECORD* m_speed = nullptr;
 };
 
-class PM_DEVPIC : public PM_SPEC {
-public:
+class DEVCTRL_API PM_DEVPIC : public PM_SPEC {
+  public:
     // Every installed family name, sorted as installedFamilies() gives them.
     PM_NAME_DARRAY makeInstalledArchList(unsigned int flags = 0) const;
     // Devices of the selected PM, packages of the selected device; a missing
@@ -42,11 +44,10 @@ public:
     bool set_package(const char* package);
 };
 
-class PM_PIC : public PM_DEVPIC {
-public:
+class DEVCTRL_API PM_PIC : public PM_DEVPIC {
+  public:
     // Selects the family/PM, device and package given; null leaves it open.
-    PM_PIC(const char* family, const char* device, const char* package,
-           unsigned char flags = 0);
+    PM_PIC(const char* family, const char* device, const char* package, unsigned char flags = 0);
 
     // Speed grades of the selected device and package.
     PM_NAME_DARRAY makeSpdList(unsigned int flags = 0) const;
@@ -59,15 +60,15 @@ public:
     // until the next call or the object's end.
     virtual const char* getDataFilePath(int kind, const char* extension, int, int);
 
-private:
+  private:
     std::string m_dataFilePath;
 };
 
 // A handle on one PM (looked up by code or family name), for opening the
 // PM's keyed data files. Copies are cheap; the handle stays usable after the
 // database is rebuilt because it keeps what it needs.
-class PM_PIC_HDL {
-public:
+class DEVCTRL_API PM_PIC_HDL {
+  public:
     PM_PIC_HDL(const char* pm, const char* device, const char* package);
     // Drops the handle's hold; it then names no family.
     void kill();
@@ -76,7 +77,7 @@ public:
     // Absolute path of <data>/<pm>, empty for an unknown PM.
     const std::string& directory() const { return m_directory; }
 
-private:
+  private:
     std::string m_pm;
     std::string m_directory;
 };

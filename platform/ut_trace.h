@@ -6,28 +6,30 @@
 #include <functional>
 #include <string>
 
+#include "export.h"
+
 using DiagTraceHandler = std::function<void(const char* message, const char* extra)>;
 using GuiMsgHandler = std::function<void(const char* message)>;
 
 // Writes "devctrl: " + message (and " " + extra when extra is not null) as one
 // line to standard error, or hands both to the installed handler.
-void diagTrace(const char* message, const char* extra);
+DEVCTRL_API void diagTrace(const char* message, const char* extra);
 // Installs a handler and returns the previous one; an empty handler restores
 // the default.
-DiagTraceHandler setDiagTraceHandler(DiagTraceHandler handler);
+DEVCTRL_API DiagTraceHandler setDiagTraceHandler(DiagTraceHandler handler);
 // What diagTrace does when no handler is installed; a handler that only
 // adds to it (clearing a progress line first, say) calls it.
-void diagTraceToStderr(const char* message, const char* extra);
+DEVCTRL_API void diagTraceToStderr(const char* message, const char* extra);
 
 // Progress message to the host; does nothing unless a handler is installed.
-void ut_guimsg(const char* message);
-GuiMsgHandler setGuiMsgHandler(GuiMsgHandler handler);
+DEVCTRL_API void ut_guimsg(const char* message);
+DEVCTRL_API GuiMsgHandler setGuiMsgHandler(GuiMsgHandler handler);
 
 // Keeps a damaged file from burying everything else: while one of these is
 // alive for a file, only the first few traces whose message starts with
 // "FILE:" pass; the others are counted, and the end of the scope traces
 // "... and N more in FILE". Readers open one for each file they read.
-class TraceFileLimit {
+class DEVCTRL_API TraceFileLimit {
   public:
     explicit TraceFileLimit(std::string file);
     ~TraceFileLimit();
@@ -46,4 +48,4 @@ class TraceFileLimit {
 // How many traces about one file pass before the rest is summed up (5 by
 // default); 0 lets every one pass, for a linter that must see them all.
 // Returns the previous limit.
-std::size_t setTracesPerFile(std::size_t limit);
+DEVCTRL_API std::size_t setTracesPerFile(std::size_t limit);

@@ -4,11 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 // A chosen part together with the external ASC chips linked to it. A plain
 // value: callers fill and read the two fields directly.
-class TarnDeviceObj {
+class DEVCTRL_API TarnDeviceObj {
   public:
     TarnDeviceObj() = default;
     explicit TarnDeviceObj(const std::string& part) : m_part(part) {}

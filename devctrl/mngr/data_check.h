@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
-struct DataProblem {
+struct DEVCTRL_API DataProblem {
     std::string file;      // the data file (or directory) at fault
     std::size_t line = 0;  // 1-based; 0 when the problem is the file as a whole
     std::string message;
@@ -16,7 +18,7 @@ struct DataProblem {
 };
 
 // "FILE:LINE: message", or "FILE: message" without a line.
-std::string formatProblem(const DataProblem& problem);
+DEVCTRL_API std::string formatProblem(const DataProblem& problem);
 
 // Reads the data directory the library is pointed at (BaseSystem::
 // getDataPath()) family by family and reports, in PM order and without
@@ -32,6 +34,6 @@ std::string formatProblem(const DataProblem& problem);
 // The part-model database is built afresh for the check (so its own traces
 // are seen); a loaded manager is left alone. Traces are collected, not
 // printed, while it runs.
-std::vector<DataProblem> checkInstallation();
+DEVCTRL_API std::vector<DataProblem> checkInstallation();
 
 }  // namespace tarn::vyxpn

@@ -20,6 +20,8 @@
 #include "devctrl/sds/write_result.h"
 #include "devctrl/util/string_list.h"
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
@@ -27,7 +29,7 @@ class TarnDeviceObj;
 
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnDeviceMngr : public PartAscCapacity {
+class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
   public:
     TarnDeviceMngr();
     ~TarnDeviceMngr();

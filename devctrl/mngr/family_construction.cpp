@@ -3,6 +3,7 @@
 // rather than in the family layer, which sees only PartAscCapacity.
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {

@@ -5,9 +5,11 @@
 #include <functional>
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
-struct LoadProgress {
+struct DEVCTRL_API LoadProgress {
     std::string pm;      // the PM about to load
     std::string family;  // its family name (the PM record's), "" if none
     int index = 0;       // 1 for the first PM, up to count
@@ -24,11 +26,11 @@ using LoadProgressHandler = std::function<bool(const LoadProgress&)>;
 // Installs the handler that every later init() calls, getInstance()'s first
 // one included, and returns the one it replaces; an empty handler stops the
 // announcements. Not to be called while a load runs on another thread.
-LoadProgressHandler setLoadProgressHandler(LoadProgressHandler handler);
+DEVCTRL_API LoadProgressHandler setLoadProgressHandler(LoadProgressHandler handler);
 
 // Tells the installed handler that `pm`, the index-th of `count` PMs, is
 // about to load. True when no handler is installed or the handler lets the
 // load go on. Used by init().
-bool announceLoad(const std::string& pm, int index, int count);
+DEVCTRL_API bool announceLoad(const std::string& pm, int index, int count);
 
 }  // namespace tarn::vyxpn

@@ -8,6 +8,7 @@
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/name_columns.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 // Collects the known names closest to a mistyped one: equal but for letter
@@ -14,7 +16,7 @@ namespace tarn::vyxpn {
 // Only names within two characters of the length and, for names of four
 // characters or more, with the same first letter are compared, which keeps
 // a scan over a large catalogue cheap.
-class NearNames {
+class DEVCTRL_API NearNames {
   public:
     explicit NearNames(std::string query, std::size_t limit = 5);
     void consider(const std::string& candidate);
@@ -33,13 +35,13 @@ class NearNames {
 
 // "unknown <kind> '<name>'", then " in <where>" when given and, when there
 // are any, "; did you mean A, B?".
-std::string unknownNameMessage(const std::string& kind, const std::string& name,
-                               const std::vector<std::string>& suggestions,
-                               const std::string& where = "");
+DEVCTRL_API std::string unknownNameMessage(const std::string& kind, const std::string& name,
+                                           const std::vector<std::string>& suggestions,
+                                           const std::string& where = "");
 
 // A name nothing loaded knows (an item of a filter, a PM). what() is
 // unknownNameMessage of the parts.
-class UnknownNameError : public std::invalid_argument {
+class DEVCTRL_API UnknownNameError : public std::invalid_argument {
   public:
     UnknownNameError(std::string kind, std::string name, std::vector<std::string> suggestions,
                      std::string where = "");

@@ -31,17 +31,19 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
 
 // A malformed condition; what() says what is wrong with which condition.
-class PartFilterSyntaxError : public std::invalid_argument {
+class DEVCTRL_API PartFilterSyntaxError : public std::invalid_argument {
   public:
     using std::invalid_argument::invalid_argument;
 };
 
-class PartCondition {
+class DEVCTRL_API PartCondition {
   public:
     enum class Op { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, Glob };
 
@@ -70,10 +72,10 @@ class PartCondition {
 };
 
 // The decimal number `text` holds, if it holds nothing else.
-std::optional<double> parseDecimal(const std::string& text);
+DEVCTRL_API std::optional<double> parseDecimal(const std::string& text);
 
 // Conditions that must all hold.
-class PartFilter {
+class DEVCTRL_API PartFilter {
   public:
     PartFilter() = default;
     // Parses each expression in turn; throws PartFilterSyntaxError for the
@@ -101,6 +103,6 @@ class PartFilter {
 // Every name a condition may use on `families`: the part fields and every
 // column of their part items, package, device, family and part tables; each
 // once, in natural order (sortNatural).
-std::vector<std::string> filterNames(const std::vector<const TarnSDSFile*>& families);
+DEVCTRL_API std::vector<std::string> filterNames(const std::vector<const TarnSDSFile*>& families);
 
 }  // namespace tarn::vyxpn

@@ -6,12 +6,14 @@
 
 #include "devctrl/sds/item_source.h"
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 class TarnDeviceMngr;
 class TarnSDSFile;
 
-struct PartItem {
+struct DEVCTRL_API PartItem {
     std::string name;
     std::string value;  // never empty
     ItemOrigin origin;  // never ItemOrigin::None
@@ -29,11 +31,11 @@ struct PartItem {
 // family does not hold (of which only its part items may say anything).
 // Raises std::out_of_range where getItemValue does (a part table row shorter
 // than its columns).
-std::vector<PartItem> getPartItems(const TarnSDSFile& family, const std::string& part);
+DEVCTRL_API std::vector<PartItem> getPartItems(const TarnSDSFile& family, const std::string& part);
 
 // The same for the family that owns the full part name (the first PM, in
 // byte-wise order, that knows it: the one getItemValue asks). Empty for a
 // name no loaded family knows.
-std::vector<PartItem> getPartItems(TarnDeviceMngr& mngr, const std::string& part);
+DEVCTRL_API std::vector<PartItem> getPartItems(TarnDeviceMngr& mngr, const std::string& part);
 
 }  // namespace tarn::vyxpn

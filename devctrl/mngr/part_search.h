@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 class TarnDeviceMngr;
 
-struct PartQuery {
+struct DEVCTRL_API PartQuery {
     // A loaded PM code; empty for every loaded family.
     std::string pm;
     // Shell-style name patterns (* ? [...]), matched without regard to
@@ -24,7 +26,7 @@ struct PartQuery {
     bool ascOnly = false;
 };
 
-struct FoundPart {
+struct DEVCTRL_API FoundPart {
     std::string pm;
     std::string name;
 };
@@ -39,6 +41,6 @@ struct FoundPart {
 // PartFilterSyntaxError for a malformed condition and UnknownNameError (kind
 // "item") for a name no searched family defines, each with suggestions.
 // Raises std::out_of_range where the item lookup does.
-std::vector<FoundPart> searchParts(TarnDeviceMngr& mngr, const PartQuery& query);
+DEVCTRL_API std::vector<FoundPart> searchParts(TarnDeviceMngr& mngr, const PartQuery& query);
 
 }  // namespace tarn::vyxpn

@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
-class PartAscCapacity {
+class DEVCTRL_API PartAscCapacity {
   public:
     virtual ~PartAscCapacity() = default;
     virtual bool enableASC(const std::string& part) = 0;

@@ -5,9 +5,11 @@
 #include <stdexcept>
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
-class DataError : public std::out_of_range {
+class DEVCTRL_API DataError : public std::out_of_range {
   public:
     // `file` is the data file holding the value ("" when the family was not
     // read from the installation), `key` the key of that file and `row` the

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 // The device status word of a part ("Status" item), one or two letters.
-struct DEVSTATUS_FLAGS {
+struct DEVCTRL_API DEVSTATUS_FLAGS {
     enum : unsigned {
         NONE = 0,
         PRODUCTION = 1,   // P

@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
@@ -24,17 +26,17 @@ enum class ItemOrigin {
 };
 
 // "part", "package", "device", "family", "part table"; "" for None.
-const char* itemOriginName(ItemOrigin origin);
+DEVCTRL_API const char* itemOriginName(ItemOrigin origin);
 
 // The tables of a family that hold items, in ItemOrigin order (Part,
 // Package, Device, Family, PartTable): their columns are every item name the
 // family knows.
-std::array<const TarnSDSFileSection*, 5> itemTables(const TarnSDSFile& family);
+DEVCTRL_API std::array<const TarnSDSFileSection*, 5> itemTables(const TarnSDSFile& family);
 
 // The cell an item lookup reads and the table it is in. The cell may be
 // empty: an empty cell is a value of "nothing", and getItemValue gives the
 // caller's default for it without asking the later tables.
-struct ItemSource {
+struct DEVCTRL_API ItemSource {
     ItemOrigin origin = ItemOrigin::None;
     const std::string* cell = nullptr;  // null exactly when origin is None
 };

@@ -14,13 +14,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "devctrl/sds/part_list_kind.h"
 #include "devctrl/sds/table_stamp.h"
 
 namespace tarn::vyxpn {
 
 class TarnSDSFile;
-
-enum class PartListKind { Devices, Packages, Speeds, Conditions };
 
 // The distinct values of one column over the parts that match the given
 // leading cells, in first-seen order over the part names, and the same list

@@ -1,4 +1,5 @@
 #include "devctrl/sds/sds_file.h"
+#include "devctrl/sds/part_index.h"
 
 #include <QDir>
 #include <QFile>

@@ -12,18 +12,21 @@
 #include "devctrl/sds/asc_capacity.h"
 #include "devctrl/sds/data_error.h"
 #include "devctrl/sds/item_source.h"
-#include "devctrl/sds/part_index.h"
+#include "devctrl/sds/part_list_kind.h"
 #include "devctrl/sds/sds_file_section.h"
 #include "devctrl/sds/write_result.h"
+
+#include "devctrl/util/export.h"
 
 namespace tarn::vyxpn {
 
 class TarnDeviceMngr;
 class TarnDeviceObj;
+class TarnPartIndex;
 
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
-class TarnSDSFile {
+class DEVCTRL_API TarnSDSFile {
   public:
     // Defined with the manager, which is the family's PartAscCapacity.
     TarnSDSFile(std::string pm, TarnDeviceMngr* mngr);
@@ -174,7 +177,7 @@ class TarnSDSFile {
     void invalidateIndexes();
     // Drops this family's indexes only (the manager does this for each of its
     // families when any of them changes).
-    void dropOwnIndexes() { m_index.reset(); }
+    void dropOwnIndexes();
     // Changes each time the indexes are invalidated, so that whoever indexes
     // this family's tables (the manager) notices edits it cannot see.
     std::uint64_t version() const { return m_version; }

@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn {
 
 // A table with named columns and keyed rows. Value i of a row belongs to
 // column i; a row may be shorter than the column list (the missing cells are
 // simply not there) or longer (the extra values are never found by name).
-class TarnSDSFileSection {
+class DEVCTRL_API TarnSDSFileSection {
   public:
     void clear() {
         m_items.clear();

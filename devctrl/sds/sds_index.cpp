@@ -1,3 +1,4 @@
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace tarn::vyxpn {
@@ -10,6 +11,10 @@ TarnPartIndex& TarnSDSFile::index(bool ascOnly) const {
     if (!m_index)
         m_index = std::make_unique<TarnPartIndex>(*this);
     return *m_index;
+}
+
+void TarnSDSFile::dropOwnIndexes() {
+    m_index.reset();
 }
 
 void TarnSDSFile::invalidateIndexes() {

@@ -1,6 +1,7 @@
 #include <unordered_set>
 
 #include "devctrl/sds/name_columns.h"
+#include "devctrl/sds/part_index.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
 #include "devctrl/util/string_utils.h"

@@ -3,10 +3,12 @@
 
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn::util {
 
 // Whether `text` matches `pattern` (* any run, ? one character, [...] one of a
 // set, [!...] none of it), without regard to letter case.
-bool matchesGlob(const std::string& pattern, const std::string& text);
+DEVCTRL_API bool matchesGlob(const std::string& pattern, const std::string& text);
 
 }  // namespace tarn::vyxpn::util

@@ -2,4 +2,4 @@
 // Quoting values for one-line messages. The platform layer's traces need it
 // too, so it lives there; this is the library's name for it.
 
-#include "platform/ut_quote.h"
+#include "devctrl/platform/ut_quote.h"

@@ -6,20 +6,22 @@
 #include <string>
 #include <vector>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn::util {
 
-std::string toLower(const std::string& text);
-std::string toUpper(const std::string& text);
+DEVCTRL_API std::string toLower(const std::string& text);
+DEVCTRL_API std::string toUpper(const std::string& text);
 
 // `text` without the characters of " \t\n\r" (and only those) at its ends;
 // a copy of trimmed() for callers that keep the result.
-std::string trim(const std::string& text);
+DEVCTRL_API std::string trim(const std::string& text);
 
 // The non-empty tokens of `text`, cut at any character of `delimiters`.
-std::vector<std::string> split(const std::string& text, const std::string& delimiters);
+DEVCTRL_API std::vector<std::string> split(const std::string& text, const std::string& delimiters);
 
 // Position of the first element equal to `value`, or -1.
-int indexOf(const std::vector<std::string>& list, const std::string& value);
+DEVCTRL_API int indexOf(const std::vector<std::string>& list, const std::string& value);
 
 // Reads one value with a string stream. Bad text never throws; for text that
 // does not start with a value the result is the value-initialised T (0 for int).

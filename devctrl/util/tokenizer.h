@@ -2,12 +2,14 @@
 
 #include <string>
 
+#include "devctrl/util/export.h"
+
 namespace tarn::vyxpn::util {
 
 // Cuts a copy of a text into tokens. Runs of delimiters count as one and a
 // token is never empty. The default delimiters are blanks only: tabs and line
 // ends stay inside tokens unless a caller asks for them.
-class Tokenizer {
+class DEVCTRL_API Tokenizer {
   public:
     static const std::string DEFAULT_DELIMITERS;
 

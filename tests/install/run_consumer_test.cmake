@@ -6,6 +6,20 @@ execute_process(COMMAND ${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${WORK
 if(rc)
     message(FATAL_ERROR "install failed: ${rc}")
 endif()
+# Headers live under include/devctrl alone, and those that are not part of
+# the interface stay out.
+set(include ${WORK_DIR}/prefix/include)
+foreach(path platform devctrl/sds/part_index.h devctrl/util/profile_lock.h
+             devctrl/util/profile_write.h devctrl/platform/file_writer.h)
+    if(EXISTS ${include}/${path})
+        message(FATAL_ERROR "installed, but not part of the interface: include/${path}")
+    endif()
+endforeach()
+file(GLOB_RECURSE pc_files ${WORK_DIR}/prefix/*/devctrl.pc)
+file(STRINGS "${pc_files}" cflags REGEX "^Cflags:")
+if(NOT cflags STREQUAL "Cflags: -I\${includedir}")
+    message(FATAL_ERROR "devctrl.pc adds more than include/: ${cflags}")
+endif()
 execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/install/consumer
                         -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix
                         -G ${GENERATOR} -DCMAKE_MAKE_PROGRAM=${MAKE_PROGRAM}
