@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Heap bytes held through operator new, for comparing the memory two ways of
 // building the same tables need. Counts what the allocator really hands out

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The generated installations the benchmarks run on, written once per run
 // into a temporary directory and removed at exit.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up on one family whose key data take an extreme shape: time and peak
 // memory must grow linearly with the size of the data.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The queries a device-selection dialog and the flow make, on the largest
 // family of the million-part catalogue with every family loaded.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A part search filtered by conditions on items, as the tool's `parts
 // --where`, a script's parts(where=...) and a dialog's search box run it, on
 // the largest family of the million-part catalogue with every family loaded.

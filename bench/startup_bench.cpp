@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up at three catalogue sizes, and the floor it is measured against:
 // building the same final part and resource tables from strings computed
 // beforehand, the least any implementation keeping these tables must do.

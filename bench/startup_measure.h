@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Times fresh getInstance() calls, each after an untimed preparation (which
 // points the manager at the data to load), and counts the heap each load

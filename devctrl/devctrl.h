@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Everything a host program needs: the device manager, the family data
 // objects, device objects, the comparators, the text helpers and the INI
@@ -6,12 +7,12 @@
 // <devctrl/platform/base_settings.h>.
 
 #include "devctrl/device/device_obj.h"
-#include "devctrl/util/comparators.h"
-#include "devctrl/sds/devstatus_flags.h"
 #include "devctrl/mngr/data_check.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/devstatus_flags.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/sds/sds_file_section.h"
+#include "devctrl/util/comparators.h"
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keyed data reader ("device.acd", "family.key"): parsing, walking every
 // key with each separator pair the loaders use, the part-model record built
 // from a "family.key", and the line finder that points reports at a key's or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A whole family load from a fuzzed "family.key" and "device.acd": the
 // part-model database, the device table loader and the database builder, then
 // the queries a device-selection dialog makes on what was loaded.

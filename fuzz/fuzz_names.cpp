@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names as users type them, against the sample installation: the natural
 // orderings, name lookups, the name check (renamed and superseded devices)
 // and the validation of a part with linked ASC chips; and the text helpers

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The INI readers on a fuzzed file: the section list, each section's key list
 // and entries, each value and number, with buffers of exactly the size the
 // call is told (so that any write past the end is caught), and the text

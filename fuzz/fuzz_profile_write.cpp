@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // WritePrivateProfileString on a fuzzed file.
 //
 // Input: three lines naming the section, the key and the value, then the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The binary form of part data: the decoder on raw bytes, and again with the
 // header's size and checksum made to match, so that mutations reach the
 // payload instead of stopping at the checksum. Whatever decodes must encode to

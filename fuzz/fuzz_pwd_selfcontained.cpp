@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The family's self-contained reader of the text part data form (loadPWD)
 // and its merge into a filled and into an empty package section.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part data layer's text reader, its text and binary writers on what it
 // read, and the family's library reader (loadPWD_Bin) on the same bytes as a
 // PM's ".pwd" file (binary-looking input takes the binary path there).

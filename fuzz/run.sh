@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Runs the fuzz targets, each for SECONDS, one after the other:
 #   fuzz/run.sh SECONDS [TARGET...]
 # Without TARGETs every fuzz_* executable of the build runs. Each target

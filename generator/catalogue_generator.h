@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Synthetic installations for benchmarks and tests: a complete data directory
 // of generated families whose shape follows real catalogues (many generated

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/catalogue_layout.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // How a catalogue of a given size is divided into families: how many, which
 // kind each is, its PM code and family names, and about how many parts it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <vector>
 
 #include "generator/family_files_writer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Writes a planned family's key data (family.key), device table (device.acd)
 // and part data file (<pm>.pwd, text or binary) into its PM directory.

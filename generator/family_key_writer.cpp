@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/family_files_writer.h"
 #include "generator/keyed_file_writer.h"
 

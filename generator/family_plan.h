@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // What one generated family holds before it is written: its PM, names, base
 // lists, table values and exceptions. The writers turn a plan into files and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/family_planner.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Draws the content of one family from the random source: devices with their
 // packages, grades, conditions, suffixes and table values, until the family

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/hostile_shapes.h"
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Installations of one family whose key data take an extreme but legal
 // shape, for measuring that loading stays linear in time and bounded in

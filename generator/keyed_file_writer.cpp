@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/keyed_file_writer.h"
 
 #include <stdexcept>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Streams a keyed data file (KEY = value lines, '#' comments, records cut at
 // ':' and continued with '\' one record per line) so that a family of a

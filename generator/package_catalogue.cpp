@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/package_catalogue.h"
 
 namespace tarn::vyxpn::gen {

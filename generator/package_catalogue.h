@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The package types generated families choose from, smallest first. BGN256
 // is the lead-free twin of BG256 and shares its short code, so a device

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/part_names.h"
 
 #include "devctrl/sds/sds_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The part names the library builds from a family plan, worked out by the
 // library's own rules: every device, package, grade, condition letter and

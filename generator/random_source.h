@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // A small pseudo-random source whose sequence is fixed by its seed on every
 // platform and standard library (std:: distributions are not), so that a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "generator/shared_files_writer.h"
 
 #include <fstream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The files every family shares: the ASC chip catalogue (device.acd at the
 // top of the data directory) and the renamed device list (pqrndev.lst).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Opening the files of an installation for reading. Every reader goes through
 // here so that a FIFO, a device or a directory where a data file belongs can

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Marks what the shared library exports. The library is built with hidden
 // visibility, so a class or function a host may use says so here; the rest

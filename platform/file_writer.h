@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Writing a whole file without ever destroying what is there. The one writer
 // behind the INI profile functions, the device-support description and the

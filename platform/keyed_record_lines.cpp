@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/keyed_record_lines.h"
 
 #include <algorithm>

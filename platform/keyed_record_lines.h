@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Where the keys and records of a keyed data file stand, by line number, so
 // that a report about a value can point at the line that holds it. Reading

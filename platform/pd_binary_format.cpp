@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pd_binary_format.h"
 
 #include <array>

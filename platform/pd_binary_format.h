@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The binary form of part data, version 1. Integers in the header are
 // little-endian; everything in the payload is an unsigned LEB128 varint of at

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pd_data.h"
 
 std::uint32_t PD_STRING_POOL::intern(const std::string& text) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Part data: a file of named sections, each either a list of key = value
 // entries or a table whose column 0 holds the row key. Read from the text form

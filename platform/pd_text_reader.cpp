@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text form of part data:
 //
 //   [[Device Info]]             opens a key section named "Device Info"

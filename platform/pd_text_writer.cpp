@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pd_text_writer.h"
 
 #include "platform/pd_data.h"

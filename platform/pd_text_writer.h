@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Writes part data in the text form that PD_DATA::LoadTxtFile reads, such
 // that reading the text back gives the same sections, entries, columns and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pd_util.h"
 
 #include <strings.h>

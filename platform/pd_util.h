@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Helpers of the part-data layer: where a PM's part data file lives, which
 // form it has, and the small text rules the readers and writers share.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part-model database. Choices the data layout leaves open, settled here:
 // - Only subdirectories are candidate PMs; one counts when its family.key has
 //   at least one non-empty FAMILY name.

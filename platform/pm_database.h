@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The part-model database: every PM installed in the data directory, with its
 // family names, key data ("family.key") and base device/package/speed lists.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reader of keyed data files. Choices the file format leaves open, settled
 // here:
 // - A comment line never continues, even when it ends with a backslash; a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Keyed data files ("device.acd", "family.key"): KEY = VALUE lines with '#'
 // comments and '\' continuation lines. Malformed lines are traced with the

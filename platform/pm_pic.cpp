@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Selection objects over the part-model database. They hold plain pointers
 // into PM_DATABASE::_database: a selection is valid only while that database
 // lives, so these objects are meant to be short-lived (made, asked, dropped)

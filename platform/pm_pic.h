@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Part-model selection objects: select a family or PM, then a device, package
 // and speed, and list what the selection offers.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pm_pic.h"
 
 PM_PIC_HDL::PM_PIC_HDL(const char* pm, const char* /*device*/, const char* /*package*/) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/pm_record_reader.h"
 
 #include <memory>

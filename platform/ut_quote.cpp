@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/ut_quote.h"
 
 namespace tarn::vyxpn::util {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Values shown inside one-line messages. A name or path comes from a user or
 // a data file and may hold line breaks or terminal escape sequences; written

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/ut_trace.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Diagnostic trace and progress messages. Both go through a handler that a
 // host program (or a test) can replace.

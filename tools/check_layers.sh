@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Fails when a lower layer includes a header of a layer above it. The library
 # is built bottom-up: platform/, then devctrl/util, then the family layer
 # (devctrl/sds), then the manager and device object (devctrl/mngr,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/device/device_obj.h"
 
 #include <numeric>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The family's ASC report for a device object: the family layer knows parts
 // and chip counts, not device objects, so the object is taken apart here.
 

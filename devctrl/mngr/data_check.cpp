@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/data_check.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // A linter for an installation: every problem of every family, found the way
 // start-up would meet it, without stopping at the first.

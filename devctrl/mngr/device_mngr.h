@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The process-wide device manager: loads one family data object per installed
 // PM and answers every query by PM, family or full part name.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A family built for a manager asks that manager which parts may use ASC
 // chips. The conversion needs the manager's full type, so it is made here
 // rather than in the family layer, which sees only PartAscCapacity.

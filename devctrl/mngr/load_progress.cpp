@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/load_progress.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Progress of TarnDeviceMngr::init, for a host's progress bar, and a way for
 // the host to stop the load.

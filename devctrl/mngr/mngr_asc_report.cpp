@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The manager's ASC questions and the device data report: each finds the
 // family of a part (or the reference family for catalogue questions) and
 // forwards to it.

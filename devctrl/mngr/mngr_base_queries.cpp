@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The manager's base queries are the family layer's lists of the part-model
 // library; they stay here under their public names.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
 

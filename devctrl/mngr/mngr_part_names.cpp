@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Full part names from their fields, inner device names for the back-end
 // tools, and the translation of renamed, migrated and not recommended devices.
 

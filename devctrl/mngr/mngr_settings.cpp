@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Per-part tool settings. Each reads one item of the part with a default, so
 // unknown parts and parts without a value get the same answer.
 

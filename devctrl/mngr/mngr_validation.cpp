@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checking a user's choice: a part with linked ASC chips (isValid) and a bare
 // device name that may have been renamed or superseded (checkDevice).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The writer and the dump by PM; a PM that is not loaded is ignored.
 
 #include <iostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/near_names.h"
 
 #include <algorithm>

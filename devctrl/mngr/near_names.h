@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // "Did you mean": the known names closest to a mistyped one, the message
 // that reports an unknown name, and the error that carries both.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/part_filter.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Conditions on the items of a part, such as `LUT>=20000`, `Pin Count=256`,
 // `Status=P` or `Package~BG*`: what a part search filters by.

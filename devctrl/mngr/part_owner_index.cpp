@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/part_owner_index.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Which family answers for each part name, and the four cells of the part's
 // name as they were when the index was built. A name lookup then costs one

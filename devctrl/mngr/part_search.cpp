@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/mngr/part_search.h"
 
 #include "devctrl/mngr/device_mngr.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Finding parts: of one family or of every loaded family, by name pattern,
 // by conditions on their items (part_filter.h) and by the obsolete and ASC

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The one question a family cannot answer from its own tables: whether a part
 // may use ASC chips. That depends on which loaded family owns the part's name,

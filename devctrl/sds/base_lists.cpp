@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/base_lists.h"
 
 #include "devctrl/util/comparators.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // What the part-model library lists for one PM, as plain string lists, and
 // the members of a device table key. The family reads these while it builds

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/data_error.h"
 
 #include "devctrl/util/quote.h"

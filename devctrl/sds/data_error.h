@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The error that bad installed data raise while a family is built or asked:
 // a standard out-of-range error that also says where the bad value is.

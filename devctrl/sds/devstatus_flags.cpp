@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/devstatus_flags.h"
 
 #include <cctype>

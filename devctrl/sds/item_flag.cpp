@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/item_flag.h"
 
 #include "devctrl/util/string_utils.h"

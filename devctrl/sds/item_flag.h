@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // How an item text reads as a yes/no setting. Family data write flags in
 // several spellings, so one rule decides them everywhere.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/item_source.h"
 
 #include "devctrl/sds/sds_file.h"

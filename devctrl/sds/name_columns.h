@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The four cells of the part table that a part's name is made of. Lookups by
 // name, the part lists and the name splitting all read the same columns, so

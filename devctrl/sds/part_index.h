@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Indexes over one family's part table, so that the lists a device-selection
 // dialog asks for, and full part names, come back without walking every part.

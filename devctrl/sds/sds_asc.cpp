@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ASC chips of one family: the on-board stock and the linkable types of a
 // part, the chip catalogue, and the resources that chips contribute.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <set>
 #include <unordered_set>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // One device family's data: the tables loaded from its device table file and
 // part data file, and the part and resource tables generated from them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/sds_file_section.h"
 
 #include "devctrl/util/string_utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The family's part data file: extra per-package columns (resource figures)
 // merged into the package section.
 

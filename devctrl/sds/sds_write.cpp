@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The device-support description of a family for outside design-entry tools,
 // and a text dump of every table for diagnosis. Both layouts are compared as
 // text by their readers, separators included, so they are kept byte for byte.

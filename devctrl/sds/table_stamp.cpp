@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/sds/table_stamp.h"
 
 #include "devctrl/sds/sds_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // A constant-time picture of the tables an index was built from, so that a
 // query can tell that a host has changed them since: rows added or removed,

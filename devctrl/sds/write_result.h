@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // What a write of a family's file did, for callers that must tell the user:
 // the specified writers return nothing.

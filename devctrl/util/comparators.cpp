@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/comparators.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Natural orderings for the lists users see: embedded numbers compare as
 // numbers. Both are "less than" predicates for std::sort despite their names.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/glob_match.h"
 
 #include <fnmatch.h>

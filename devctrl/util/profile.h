@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // INI files in the classic profile-string style. The caller owns every
 // buffer; lists come back NUL-separated and end with a double NUL.

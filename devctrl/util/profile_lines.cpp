@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/profile_lines.h"
 
 #include <string.h>

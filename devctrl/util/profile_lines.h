@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Line handling shared by the profile readers and the writer. Not part of the
 // exported interface.

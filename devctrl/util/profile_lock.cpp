@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/profile_lock.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Serialises the writers of one INI file across processes. Not part of the
 // exported interface.

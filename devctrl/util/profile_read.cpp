@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading values, key lists and section lists from INI files.
 
 #include <stdlib.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A whole section as "key=value" entries, NUL-separated, ending in a double
 // NUL. Built from the key list and one lookup per key.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text helpers of the profile functions. They work in place on C strings
 // because the profile interface hands out caller-owned buffers.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Setting and deleting keys and sections of an INI file. Every write rewrites
 // the whole file line by line (each line trimmed) into new content that the
 // file writer puts in place, under a lock shared by the file's writers.

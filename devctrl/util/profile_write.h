@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The profile writer with the details its exported form cannot return, and
 // the limits of what an entry can hold. Not part of the exported interface.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The one name for a list of texts, used from the data readers up to the
 // manager's queries and their callers.

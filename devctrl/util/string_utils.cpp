@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/string_utils.h"
 
 #include <cctype>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Text helpers shared by every subsystem: case folding, trimming, splitting,
 // list lookup and number conversion on byte strings.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "devctrl/util/tokenizer.h"
 
 namespace tarn::vyxpn::util {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Shared by the fuzz targets: the one kind of exception bad data may raise by
 // design, a scratch directory per process, cutting an input into parts, and a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Chips, resources, feature switches and validation of one part, asked
 // through a manager holding a small family built in memory.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The generated catalogue: the same seed gives the same bytes, and nothing is
 // written over. What it claims about itself is checked where the index tests
 // load it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The library's side of the comparisons with reference_walks.h: the four
 // filter settings and a family's list of one kind, as a host would ask.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Plain walks over the part tables that answer the selection queries the slow,
 // obvious way, for comparison with the library's indexed answers. Nothing here

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A host edits the public tables between queries without telling anyone.
 // Whatever it does, no query may read freed memory (the sanitizer build runs
 // this); the edits the library notices must give the walk's answers at once;

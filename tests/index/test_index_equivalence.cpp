@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The indexed answers of the manager and the family objects against the plain
 // walks of reference_walks.h: on the sample data, and on a generated catalogue
 // (which must also be what the generator says it is) through the events that

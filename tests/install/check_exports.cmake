@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The shared library exports its interface and nothing else: the classes and
 # functions of the installed headers, and the profile functions under their
 # plain C names; the indexes, locks and writers inside it stay hidden.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the build into a scratch prefix, then configures, builds and runs a
 # small consumer program against it through find_package(devctrl).
 file(REMOVE_RECURSE ${WORK_DIR})

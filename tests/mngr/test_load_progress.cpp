@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a host sees of loading: one announcement per PM with its place and
 // the count of PMs, a stop on request, and the data directory chosen in code.
 

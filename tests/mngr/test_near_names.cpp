@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "Did you mean": which known names are offered for a mistyped one.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // A small, valid family installation that the bad-data tests damage one way
 // at a time, and the checks they share.

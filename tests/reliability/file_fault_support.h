@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Targets that are not plain files, and runs of the tool that must not hang
 // or that need an unprivileged user, for the writer and reader fault tests.

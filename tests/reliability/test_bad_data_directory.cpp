@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A data directory that is missing, not a directory or unreadable, and family
 // directories without usable key data: each is named in one trace line and
 // everything else still loads.

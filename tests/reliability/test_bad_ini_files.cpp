@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // INI files as editors and transfers leave them. The profile functions report
 // nothing by design, so these check that each damaged file reads as the line
 // rules say and that a write leaves a file that reads back.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Data files as editors and transfers leave them. What the formats allow
 // loads as if clean and silently; NUL bytes in keyed files are named in one
 // trace line per file with the file and line, and the rest still loads.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Part data files as broken copies leave them: the binary form cut short at
 // every length, and the text form with long lines and NUL bytes, through both
 // the part-data layer and the family's own text reader.

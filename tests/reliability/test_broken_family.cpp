@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One family with data that make start-up raise: the error says where the
 // bad value is, a failed getInstance() leaves no manager behind, and a host
 // that asks for it can load the other families.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Installed data files that are not regular files, or cannot be read: no
 // command waits on them, each is named once with the reason, and the rest of
 // the installation still loads.

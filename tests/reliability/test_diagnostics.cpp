@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Diagnostics say what is wrong, once: parts named with '?', a family name
 // used twice, a damaged file capped at a few lines, a family switched off on
 // purpose kept quiet by the tool, and check-data reporting every problem.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writers facing targets that are not plain files of their own: nothing a
 // write goes to is ever replaced by something else, a file shared through
 // links or open descriptors keeps its identity, and nothing half-written is

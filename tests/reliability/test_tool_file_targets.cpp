@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool's file-writing commands: "-" is standard output, a FIFO is written
 // into, and INI values the profile functions could not give back exactly are
 // refused before anything is written.

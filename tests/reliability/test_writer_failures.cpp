@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writers and the tool facing what they cannot handle: an unwritable target
 // leaves nothing behind, and the tool says in one line which file or which
 // family's installed data stopped it.

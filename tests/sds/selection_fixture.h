@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // A small generated family built in memory: three devices, their packages,
 // speeds and conditions, with Status and ASCMaxNum as custom items.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The family's two readers of the part data file, and how their columns
 // join the package table.
 #include <gtest/gtest.h>

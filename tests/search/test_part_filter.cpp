@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conditions as users type them: what parses, what is refused and why, and
 // how values compare (numbers, text in any case, globs).
 

@@ -1,13 +1,14 @@
+// SPDX-License-Identifier: MIT
 // Every item of a part with its origin: exact for a family built in memory,
 // and in agreement with getItemValue for every part of the sample
 // installation and of a generated catalogue.
 
 #include <gtest/gtest.h>
 
-#include "generator/catalogue_generator.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/part_items.h"
 #include "devctrl/sds/sds_file.h"
+#include "generator/catalogue_generator.h"
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;

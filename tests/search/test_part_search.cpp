@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Part search on the sample installation (answers worked out from its data
 // files) and on a generated catalogue (against getAllPartsByPM filtered by
 // hand), and the errors that stand for an empty answer.
@@ -6,13 +7,13 @@
 
 #include <functional>
 
-#include "generator/catalogue_generator.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/string_utils.h"
+#include "generator/catalogue_generator.h"
 #include "support/test_env.h"
 
 using namespace tarn::vyxpn;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "manager_teardown.h"
 
 #include "devctrl/mngr/device_mngr.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Taking the loaded catalogue down between cases, shared by the unit tests
 // and the fuzz targets so both start each case from the same clean state.

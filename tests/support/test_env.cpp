@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/test_env.h"
 
 #include <sys/wait.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Helpers for tests: temporary directories, small data installations written
 // on the fly, environment overrides and trace capture.
@@ -66,7 +67,6 @@ class DataDirScope {
   private:
     EnvGuard m_env;
 };
-
 
 // Runs the devctrl tool with `args` (a shell-quoted string); returns the exit
 // status and fills standard output and error.

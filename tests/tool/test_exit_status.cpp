@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool's exit status tells the truth: an answer that could not be
 // written, an installation that cannot be read, an unknown item or chip.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts from the data reach JSON the same way through every command, the
 // streamed export included: escapes, and bytes that are not UTF-8.
 #include <gtest/gtest.h>

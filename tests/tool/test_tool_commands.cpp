@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool's commands as one table: exit status, output (or the one error
 // line, with its suggestions), and valid JSON under --json.
 

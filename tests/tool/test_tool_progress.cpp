@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The load progress line on a terminal (run under script(1) for a pty): it
 // counts PMs, and every trace line starts on a cleared line.
 

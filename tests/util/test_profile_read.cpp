@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading values, key lists, section lists and whole sections.
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Setting and deleting keys and sections, and what a rewrite keeps.
 
 #include <gtest/gtest.h>

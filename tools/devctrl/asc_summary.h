@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The ASC chips of one part as the commands show them: the chips on board and
 // the types that may be linked, each either read from the data or absent.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checked_stdout.h"
 
 #include <unistd.h>

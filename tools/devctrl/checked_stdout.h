@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Standard output that remembers whether every byte reached it. A command's
 // answer cut short by a full disk must not end in a success status, so the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // One `devctrl` command is one self-contained unit: a class derived from
 // Command in its own file under commands/, registered with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // devctrl: ask the device catalogue from a shell or a script.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Command results as text for people or, with --json, as one JSON document.
 

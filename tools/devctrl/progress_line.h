@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // The one-line load progress shown on standard error when a person watches
 // it, and the trace handler that keeps trace lines off it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Uses the installed library the way a host program would: the umbrella
 // header, the platform headers through <devctrl/platform/...>, and the
 // settings store, the one part of the interface that needs Qt.

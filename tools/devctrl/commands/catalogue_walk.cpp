@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "catalogue_walk.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // One walk over a family's part table that gathers what the list queries
 // would give (devices, packages, speeds, conditions) and the passing parts,

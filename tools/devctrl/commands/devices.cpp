@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "name_lookup.h"

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include <iostream>
 #include <stdexcept>
 
-#include "generator/catalogue_generator.h"
 #include "command.h"
+#include "generator/catalogue_generator.h"
 
 namespace devctrl_tool {
 namespace {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // devctrl ini: read and change INI profile files (such as the device name
 // list) with the library's own profile functions, so that what the tool shows
 // is exactly what the library reads.

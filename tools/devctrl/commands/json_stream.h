@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Streaming JSON output for documents too large to build in memory first.
 

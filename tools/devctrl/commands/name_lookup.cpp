@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "name_lookup.h"
 
 #include <algorithm>

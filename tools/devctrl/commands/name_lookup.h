@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Resolving the names a user types: PM codes or family names, and part,
 // device, package and speed names with "did you mean" suggestions.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 // Where a command writes a file: the library's file writer, or standard
 // output for "-".

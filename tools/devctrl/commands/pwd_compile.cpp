@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/util/quote.h"
 #include "output_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/util/quote.h"
 #include "platform/pd_binary_format.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "asc_summary.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
