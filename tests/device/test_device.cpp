@@ -9,8 +9,10 @@
 #include "devctrl/device/device_obj.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "support/table_cell.h"
 #include "support/test_env.h"
 
+using devctrl_test::cellOf;
 using tarn::vyxpn::KeyValueReport;
 using tarn::vyxpn::TarnDeviceMngr;
 using tarn::vyxpn::TarnDeviceObj;
@@ -113,7 +115,7 @@ TEST_F(Device, ChipCountsFollowReloadedFamilyData) {
     TarnDeviceObj device("ZR4-6QF48C");
     EXPECT_EQ(device.totalAscNumber(), 1);
     auto* changed = makeAscFamily(mngr);
-    changed->m_partSection.m_datas["ZR4-6QF48C"][0] = "3|1|0";
+    cellOf(changed->m_partSection, "ZR4-6QF48C", "ASCStockNum") = "3|1|0";
     mngr->adoptFamilyFile(changed);
     EXPECT_EQ(device.totalAscNumber(), 4);
 }

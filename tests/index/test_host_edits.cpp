@@ -13,8 +13,10 @@
 #include "index/library_lists.h"
 #include "index/reference_walks.h"
 #include "sds/selection_fixture.h"
+#include "support/table_cell.h"
 
 using namespace tarn::vyxpn;
+using devctrl_test::cellOf;
 using tarn::vyxpn::StringList;
 namespace ref = devctrl_test::ref;
 using ref::Cells;
@@ -134,8 +136,10 @@ struct TwoFamilies {
     TarnSDSFile& first = *devctrl_test::makeSelectionFamily(mngr, "zr1a00");
     TarnSDSFile& second = *devctrl_test::makeSelectionFamily(mngr, "zr2a00");
     TwoFamilies() {
-        for (auto& entry : second.m_genericDevices.m_datas)
-            entry.second[7] = entry.second[7] == "0" ? "4" : "0";
+        for (auto& entry : second.m_genericDevices.m_datas) {
+            std::string& asc = cellOf(second.m_genericDevices, entry.first, "ASCMaxNum");
+            asc = asc == "0" ? "4" : "0";
+        }
     }
     std::map<std::string, std::vector<std::string>>& rows() {
         return first.m_genericDevices.m_datas;
@@ -186,7 +190,8 @@ const Edit kEdits[] = {
              std::vector<std::string>{"ZR5", "8", "BG100", "BG100C", "COM", "", "P", "3"};
      },
      false},
-    {"change a Status in place", [](TwoFamilies& t) { t.rows()["ZR4-6QF48C"][6] = "P"; }, false},
+    {"change a Status in place",
+     [](TwoFamilies& t) { cellOf(t.first.m_genericDevices, "ZR4-6QF48C", "Status") = "P"; }, false},
     {"erase a middle row and add another",
      [](TwoFamilies& t) {
          t.rows().erase("ZR12-7BG100C");
@@ -249,7 +254,7 @@ TEST(HostEdits, NameLookupsSeeCellsEditedInPlaceOnceTold) {
 
     // A part name looked up by its cells is never one whose row lost them.
     EXPECT_EQ(t.mngr.getPartName("zr1a00", "ZR12", "QF48", "6", "COM"), "ZR12-6QF48C");
-    t.rows()["ZR12-6QF48C"][0] = "ZR13";
+    cellOf(t.first.m_genericDevices, "ZR12-6QF48C", "Device") = "ZR13";
     EXPECT_EQ(t.mngr.getPartName("zr1a00", "ZR12", "QF48", "6", "COM"), "");
     t.first.invalidateIndexes();
     EXPECT_EQ(t.mngr.getPartName("zr1a00", "ZR13", "QF48", "6", "COM"), "ZR12-6QF48C");

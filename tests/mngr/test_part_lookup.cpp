@@ -5,8 +5,10 @@
 
 #include "devctrl/sds/devstatus_flags.h"
 #include "sds/selection_fixture.h"
+#include "support/table_cell.h"
 
 using namespace tarn::vyxpn;
+using devctrl_test::cellOf;
 using devctrl_test::makeSelectionFamily;
 
 TEST(MngrPartLookup, ItemValuesAndAscCapacity) {
@@ -20,9 +22,9 @@ TEST(MngrPartLookup, ItemValuesAndAscCapacity) {
 
     EXPECT_EQ(mngr.getASCMaxNum("ZR12-6BG100C"), 2);
     EXPECT_TRUE(mngr.enableASC("ZR12-6BG100C"));
-    file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "-1";
+    cellOf(file.m_genericDevices, "ZR12-6QF48C", "ASCMaxNum") = "-1";
     EXPECT_FALSE(mngr.enableASC("ZR12-6QF48C"));
-    file.m_genericDevices.m_datas["ZR12-6QF48C"][7] = "";
+    cellOf(file.m_genericDevices, "ZR12-6QF48C", "ASCMaxNum") = "";
     EXPECT_EQ(mngr.getASCMaxNum("ZR12-6QF48C"), 0) << "an empty value reads as the default";
 }
 
