@@ -73,8 +73,16 @@ bool ordered(PartCondition::Op op, int comparison) {
     return false;
 }
 
-// The value of a part field, or of the item through the family's lookup.
-std::string valueOf(const TarnSDSFile& family, const std::string& part, const std::string& name) {
+template <typename Visit>
+void forEachItemName(const TarnSDSFile& family, Visit visit) {
+    for (const TarnSDSFileSection* table : itemTables(family))
+        for (const std::string& name : table->m_items)
+            visit(name);
+}
+
+}  // namespace
+
+std::string partValue(const TarnSDSFile& family, const std::string& part, const std::string& name) {
     if (!PartCondition::isPartField(name))
         return family.getItemValue(name, part, "");
     if (name == "PM")
@@ -90,15 +98,6 @@ std::string valueOf(const TarnSDSFile& family, const std::string& part, const st
         return package;
     return name == "Speed" ? speed : condition;
 }
-
-template <typename Visit>
-void forEachItemName(const TarnSDSFile& family, Visit visit) {
-    for (const TarnSDSFileSection* table : itemTables(family))
-        for (const std::string& name : table->m_items)
-            visit(name);
-}
-
-}  // namespace
 
 std::optional<double> parseDecimal(const std::string& text) {
     // Checked by hand first: from_chars would also take "inf", "nan" and
@@ -201,23 +200,31 @@ PartFilter::PartFilter(const std::vector<std::string>& expressions) {
 
 void PartFilter::requireKnownNames(const std::vector<const TarnSDSFile*>& families,
                                    const std::string& where) const {
+    std::vector<std::string> names;
+    for (const PartCondition& condition : m_conditions)
+        names.push_back(condition.name());
+    requireKnownItemNames(families, names, where);
+}
+
+void requireKnownItemNames(const std::vector<const TarnSDSFile*>& families,
+                           const std::vector<std::string>& names, const std::string& where) {
     std::unordered_set<std::string> known(kPartFields.begin(), kPartFields.end());
     for (const TarnSDSFile* family : families)
         if (family)
             forEachItemName(*family, [&](const std::string& name) { known.insert(name); });
-    for (const PartCondition& condition : m_conditions) {
-        if (known.count(condition.name()))
+    for (const std::string& wanted : names) {
+        if (known.count(wanted))
             continue;
-        NearNames near(condition.name());
+        NearNames near(wanted);
         for (const std::string& name : known)
             near.consider(name);
-        throw UnknownNameError("item", condition.name(), near.best(), where);
+        throw UnknownNameError("item", wanted, near.best(), where);
     }
 }
 
 bool PartFilter::accepts(const TarnSDSFile& family, const std::string& part) const {
     for (const PartCondition& condition : m_conditions)
-        if (!condition.accepts(valueOf(family, part, condition.name())))
+        if (!condition.accepts(partValue(family, part, condition.name())))
             return false;
     return true;
 }

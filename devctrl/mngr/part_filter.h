@@ -101,6 +101,20 @@ class DEVCTRL_API PartFilter {
     std::vector<PartCondition> m_conditions;
 };
 
+// The value a condition on `name` compares for `part`, searched in `family`:
+// the part field, or the item as getItemValue reads it ("" when the part has
+// none). What a column of a part listing shows, too. Raises
+// std::out_of_range where getItemValue does.
+DEVCTRL_API std::string partValue(const TarnSDSFile& family, const std::string& part,
+                                  const std::string& name);
+
+// Throws UnknownNameError (kind "item", " in <where>" when `where` is given)
+// for the first of `names` that is neither a part field nor an item one of
+// `families` defines, with the nearest such names as suggestions.
+DEVCTRL_API void requireKnownItemNames(const std::vector<const TarnSDSFile*>& families,
+                                       const std::vector<std::string>& names,
+                                       const std::string& where = "");
+
 // Every name a condition may use on `families`: the part fields and every
 // column of their part items, package, device, family and part tables; each
 // once, in natural order (sortNatural).

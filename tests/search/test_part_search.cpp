@@ -205,3 +205,40 @@ TEST(PartSearch, GeneratedCatalogueAgainstTheListQuery) {
     }
     EXPECT_GT(selected, 100u) << "the filters must select something to compare";
 }
+
+// What a listing shows in a column is what a condition on that name compares:
+// the part's fields, else its item from the part, package, device or family.
+TEST(PartSearch, ColumnValuesAreWhatConditionsCompare) {
+    DataDirScope scope(DEVCTRL_TEST_SAMPLE_DATA);
+    TraceCapture quiet;
+    TarnDeviceMngr& mngr = *TarnDeviceMngr::getInstance();
+    const TarnSDSFile& zr2 = *mngr.getFamilyFile("zr2b00");
+    const std::pair<const char*, const char*> expected[]{
+        {"Status", "P"},       {"Shipping", "tray"}, {"Pin Count", "48"},
+        {"IO", "35"},          {"LUT", "3520"},      {"DefSynthesis", "synplify"},
+        {"Condition", "AUTO"}, {"Package", "QN48"},  {"Speed", "5"},
+        {"Device", "ZS3"},     {"PM", "zr2b00"},     {"Family", "ZR2"},
+        {"Vendor Code", ""},  // another family's item: no value here
+    };
+    for (const auto& [name, value] : expected)
+        EXPECT_EQ(partValue(zr2, "ZS3-5N48E", name), value) << name;
+
+    // Every name on every part: a condition "name=value" holds.
+    StringList parts;
+    zr2.getAllParts(parts, true, false);
+    for (const std::string& name : filterNames({&zr2}))
+        for (const std::string& part : parts) {
+            const std::string value = partValue(zr2, part, name);
+            if (value.find_first_of("=!<>~*?[") != std::string::npos || value != util::trim(value))
+                continue;  // not writable as a plain condition value
+            EXPECT_TRUE(PartFilter({name + "=" + value}).accepts(zr2, part)) << name << " " << part;
+        }
+
+    EXPECT_NO_THROW(requireKnownItemNames({&zr2}, {"LUT", "Pin Count", "Family"}));
+    try {
+        requireKnownItemNames({&zr2}, {"LUT", "Pin count", "LUTS"}, "zr2b00");
+        ADD_FAILURE() << "no error";
+    } catch (const UnknownNameError& e) {
+        EXPECT_STREQ(e.what(), "unknown item 'Pin count' in zr2b00; did you mean Pin Count?");
+    }
+}
