@@ -71,6 +71,13 @@ class Command {
     virtual void configure(CLI::App& command) = 0;
     // Runs after parsing; returns the exit status.
     virtual int run(Context& context) = 0;
+    // Whether the answer is names, rows or fields that --format table and
+    // csv can lay out; a command that prints a document (a dump, a file)
+    // answers only as lines (its own text) or JSON.
+    virtual bool tabular() const { return true; }
+    // The JSON Schema its --json answer follows (docs/schemas/NAME.json,
+    // also printed by `devctrl schema NAME`); empty for none.
+    virtual std::string schema() const { return name(); }
 };
 
 class CommandRegistry {

@@ -25,6 +25,13 @@
 
 namespace devctrl_tool {
 
+struct ErrorPrinter {
+    bool json = false;
+    // Prints `message`; returns `status`.
+    int operator()(const std::string& message, int status) const;
+};
+bool wantsJson(int argc, char** argv);
+
 namespace {
 std::map<std::string, std::unique_ptr<Command>>& registry() {
     static std::map<std::string, std::unique_ptr<Command>> commands;
@@ -170,12 +177,36 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
     return *TarnDeviceMngr::m_pMngr;
 }
 
+// A failure as one line on standard error, or with JSON output as one JSON
+// document, so that a script reading JSON never has to parse prose.
+int ErrorPrinter::operator()(const std::string& message, int status) const {
+    if (json)
+        std::cerr << toJsonText(QJsonObject{
+                         {"error", QJsonObject{{"message", qs(message)}, {"exit_status", status}}}})
+                  << '\n';
+    else
+        std::cerr << "devctrl: " << message << '\n';
+    return status;
+}
+
+// Whether the command line asks for JSON, read before (or without) the
+// parser: a command line the parser refuses still gets its error as JSON.
+bool wantsJson(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        if (argument == "--json" || argument == "--format=json" ||
+            (argument == "--format" && i + 1 < argc && std::string(argv[i + 1]) == "json"))
+            return true;
+    }
+    return false;
+}
+
 // The first argument that is neither an option nor the value of --data: what
 // the user meant as the command.
 std::string firstWord(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
-        if (argument == "--data")
+        if (argument == "--data" || argument == "--format")
             ++i;
         else if (!argument.empty() && argument[0] != '-')
             return argument;
@@ -198,12 +229,16 @@ int runTool(int argc, char** argv) {
     app.fallthrough();
     std::string dataDir;
     bool json = false;
+    std::string formatName = "lines";
     bool quiet = false;
     bool verbose = false;
     app.add_option("--data", dataDir,
                    "Data directory of the installation to read (overrides DEVCTRL_DATA_DIR; "
                    "default: the sample installation)");
-    app.add_flag("--json", json, "Print results as JSON");
+    app.add_flag("--json", json, "Print results as JSON (short for --format json)");
+    app.add_option("--format", formatName,
+                   "Output format: lines (default), table (aligned, headed), csv or json")
+        ->check(CLI::IsMember(formatNames()));
     app.add_flag("-q,--quiet", quiet, "Do not print the library's load traces");
     app.add_flag("-v,--verbose", verbose,
                  "Also print the load traces of families switched off on purpose "
@@ -232,6 +267,7 @@ int runTool(int argc, char** argv) {
     } catch (const CLI::ParseError& e) {
         if (e.get_exit_code() == 0)
             return app.exit(e);
+        ErrorPrinter error{wantsJson(argc, argv)};
         // Point at the help of the command that was being read, if any.
         std::string help = "devctrl";
         for (const CLI::App* sub : app.get_subcommands())
@@ -241,50 +277,53 @@ int runTool(int argc, char** argv) {
             NearNames near(unknown);
             for (const Command* command : CommandRegistry::all())
                 near.consider(command->name());
-            std::cerr << "devctrl: " << unknownNameMessage("command", unknown, near.best());
-        } else {
-            std::cerr << "devctrl: " << tarn::vyxpn::util::escapedForMessage(e.what());
+            return error(unknownNameMessage("command", unknown, near.best()) + " (see '" + help +
+                             " --help')",
+                         2);
         }
-        std::cerr << " (see '" << help << " --help')\n";
-        return 2;
+        return error(
+            tarn::vyxpn::util::escapedForMessage(e.what()) + " (see '" + help + " --help')", 2);
     }
+    const Format format = json ? Format::Json : *parseFormat(formatName);
+    const ErrorPrinter error{format == Format::Json};
+    if (json && formatName != "lines" && formatName != "json")
+        return error("--json and --format " + formatName + " contradict each other", 2);
 
     if (!dataDir.empty())
         setenv("DEVCTRL_DATA_DIR", dataDir.c_str(), 1);
     installTraceHandler(quiet);
 
-    Output out(json);
+    Output out(format);
     Context context{out, ""};
     context.verbose = verbose;
     try {
         for (auto& [sub, command] : bySubcommand) {
             if (!sub->parsed())
                 continue;
+            if (!command->tabular() && (format == Format::Table || format == Format::Csv))
+                return error("'" + command->name() + "' prints no rows; use --format lines or json",
+                             2);
             context.subject = subjectOf(*sub);
             return command->run(context);
         }
     } catch (const ToolError& e) {
-        std::cerr << "devctrl: " << e.what() << '\n';
-        return e.status();
+        return error(e.what(), e.status());
     } catch (const tarn::vyxpn::DataError& e) {
         // The error names its file, key and record; the family is added.
-        std::cerr << "devctrl: "
-                  << (context.subject.empty()
+        return error((context.subject.empty()
                           ? ""
-                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ")
-                  << "error in the installed data"
-                  << (e.pm().empty() ? std::string() : " of " + familyOf(e)) << ": " << e.what()
-                  << '\n';
-        return 3;
+                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ") +
+                         "error in the installed data" +
+                         (e.pm().empty() ? std::string() : " of " + familyOf(e)) + ": " + e.what(),
+                     3);
     } catch (const std::exception& e) {
         // Anything else the data provoked: one line that says where to look.
-        std::cerr << "devctrl: "
-                  << (context.subject.empty()
-                          ? ""
-                          : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ")
-                  << "error in the installed data: "
-                  << tarn::vyxpn::util::escapedForMessage(e.what()) << '\n';
-        return 3;
+        return error(
+            (context.subject.empty()
+                 ? ""
+                 : tarn::vyxpn::util::escapedForMessage(context.subject) + ": ") +
+                "error in the installed data: " + tarn::vyxpn::util::escapedForMessage(e.what()),
+            3);
     }
     return 0;
 }

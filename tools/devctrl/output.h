@@ -1,15 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
-// Command results as text for people or, with --json, as one JSON document.
+// Command results in the format the user chose: lines for scripts, an
+// aligned table for a terminal, CSV for spreadsheets, or one JSON document.
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace devctrl_tool {
+
+enum class Format { Lines, Table, Csv, Json };
+
+// "lines", "table", "csv", "json"; nullopt for anything else.
+std::optional<Format> parseFormat(const std::string& name);
+const std::vector<std::string>& formatNames();
 
 QJsonArray toJsonArray(const std::vector<std::string>& list);
 QString qs(const std::string& text);
@@ -18,24 +26,47 @@ QString qs(const std::string& text);
 // not UTF-8 included).
 std::string toJsonText(const QJsonValue& value);
 
+// One field of a record: its JSON key (snake_case) and typed value, and the
+// text shown for it when that is not the value's plain form.
+struct Field {
+    std::string key;
+    QJsonValue value;
+    std::optional<std::string> text = std::nullopt;
+};
+
 class Output {
   public:
-    explicit Output(bool json) : m_json(json) {}
-    bool json() const { return m_json; }
+    explicit Output(Format format) : m_format(format) {}
+    Format format() const { return m_format; }
+    bool json() const { return m_format == Format::Json; }
 
-    // A list: one entry per line, or a JSON array.
-    void list(const std::vector<std::string>& items);
-    // One value: a line, or a JSON string.
+    // A list of names: one per line, a one-column table or CSV headed
+    // `column`, or a JSON array of strings.
+    void list(const std::vector<std::string>& items, const std::string& column = "name");
+    // Rows under `header`: tab-separated lines (or `linesText` when given),
+    // an aligned table, CSV, or `json`.
+    void rows(const std::vector<std::string>& header,
+              const std::vector<std::vector<std::string>>& rows, const QJsonValue& json,
+              const std::optional<std::string>& linesText = std::nullopt);
+    // Named fields in order: aligned "key  value" lines (the key with blanks
+    // for underscores), CSV rows "key,value", or a JSON object.
+    void record(const std::vector<Field>& fields);
+    // One value: a line (a one-field CSV record), or a JSON string.
     void value(const std::string& text);
-    // Key/value pairs in order: aligned "key  value" lines, or a JSON object
-    // (a JSON array of [key, value] pairs when keys may repeat).
-    void pairs(const std::vector<std::pair<std::string, std::string>>& rows,
-               bool keysUnique = true);
-    // Anything else: `json` in JSON mode, `text` (printed as it stands) otherwise.
+    // Anything else: `json` in JSON mode, `text` (printed as it stands)
+    // otherwise; only commands that do not lay out rows use it.
     void print(const QJsonValue& json, const std::string& text);
 
   private:
-    bool m_json;
+    Format m_format;
 };
+
+// Columns padded to their widest cell, two blanks apart; the last one is not
+// padded, so lines carry no trailing blanks.
+std::string alignedText(const std::vector<std::vector<std::string>>& table);
+
+// The plain text of a record's value: yes/no, numbers in decimal, lists
+// joined with ", ".
+std::string fieldText(const QJsonValue& value);
 
 }  // namespace devctrl_tool
