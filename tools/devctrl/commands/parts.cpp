@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/near_names.h"
+#include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
@@ -42,8 +44,22 @@ class PartsCommand : public Command {
         command.add_option("--speed", m_speed, "Only parts of this speed grade");
         command.add_option("--condition", m_condition,
                            "Only parts of this condition: C, I, A/E or COM, IND, AUTO");
+        command.add_option("--where", m_where,
+                           "Only parts whose item satisfies EXPR, e.g. 'LUT>=20000' (repeat: "
+                           "all must hold)");
+        command
+            .add_option("--columns", m_columns,
+                        "Print these items per part, comma-separated, e.g. LUT,IO,'Pin Count'")
+            ->delimiter(',');
         m_filters.addTo(command);
-        command.footer("Example: devctrl parts zr1a00 'ZR12-*BG*' --speed 6 --condition C");
+        command.footer(
+            "EXPR is ITEM OP VALUE with OP one of = != < <= > >= and ~ (a glob). ITEM is any item "
+            "of the part, read from the part, then its package, device and family, or one of "
+            "Device, Package, Speed, Condition, PM, Family. Numbers compare as numbers, text "
+            "without regard to case. An item no table of the family names is an error, with "
+            "the names it may mean.\n"
+            "Example: devctrl parts zr1a00 'ZR12-*BG*' --speed 6 --condition C\n"
+            "Example: devctrl --format table parts zr2b00 --where 'LUT>=3520' --columns LUT,IO");
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
@@ -54,19 +70,50 @@ class PartsCommand : public Command {
         tarn::vyxpn::PartQuery query;
         query.pm = pm;
         query.patterns = m_patterns;
+        query.where = m_where;
         query.withObsolete = m_filters.withObsolete;
         query.ascOnly = m_filters.ascOnly;
         tarn::vyxpn::StringList selected;
-        for (tarn::vyxpn::FoundPart& part : tarn::vyxpn::searchParts(mngr, query)) {
-            if (hasFieldFilter() && !matchesFields(file, part.name, condition))
-                continue;
-            selected.push_back(std::move(part.name));
+        try {
+            tarn::vyxpn::requireKnownItemNames({&file}, m_columns, pm);
+            for (tarn::vyxpn::FoundPart& part : tarn::vyxpn::searchParts(mngr, query)) {
+                if (hasFieldFilter() && !matchesFields(file, part.name, condition))
+                    continue;
+                selected.push_back(std::move(part.name));
+            }
+        } catch (const tarn::vyxpn::UnknownNameError& e) {
+            throw ToolError(e.what());
+        } catch (const tarn::vyxpn::PartFilterSyntaxError& e) {
+            throw ToolError(e.what(), 2);
         }
-        context.out.list(selected);
+        if (m_columns.empty())
+            context.out.list(selected, "part");
+        else
+            printColumns(context, file, selected);
         return 0;
     }
 
   private:
+    // One row per part: its name and the value of each chosen item.
+    void printColumns(Context& context, const tarn::vyxpn::TarnSDSFile& file,
+                      const tarn::vyxpn::StringList& parts) const {
+        std::vector<std::string> header{"part"};
+        header.insert(header.end(), m_columns.begin(), m_columns.end());
+        std::vector<std::vector<std::string>> rows;
+        QJsonArray json;
+        for (const std::string& part : parts) {
+            std::vector<std::string> row{part};
+            QJsonObject items;
+            for (const std::string& column : m_columns) {
+                row.push_back(tarn::vyxpn::partValue(file, part, column));
+                items.insert(qs(column), qs(row.back()));
+            }
+            rows.push_back(std::move(row));
+            json.append(QJsonObject{{"part", qs(part)}, {"items", items}});
+        }
+        context.out.rows(header, rows, json);
+    }
+
     bool hasFieldFilter() const {
         return !m_device.empty() || !m_package.empty() || !m_speed.empty() || !m_condition.empty();
     }
@@ -85,7 +132,7 @@ class PartsCommand : public Command {
     }
 
     std::string m_pm, m_device, m_package, m_speed, m_condition;
-    std::vector<std::string> m_patterns;
+    std::vector<std::string> m_patterns, m_where, m_columns;
     PartFilters m_filters;
 };
 
