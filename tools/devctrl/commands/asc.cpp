@@ -42,11 +42,13 @@ class AscCommand : public Command {
         std::string defaultChip = mngr.getDefaultASC();
         QJsonArray json;
         std::string text;
+        std::vector<std::vector<std::string>> rows;
         for (const auto& chip : chips) {
             json.append(QJsonObject{{"name", qs(chip)}, {"default", chip == defaultChip}});
             text += chip + (chip == defaultChip ? "  (default)" : "") + "\n";
+            rows.push_back({chip, chip == defaultChip ? "yes" : "no"});
         }
-        context.out.print(json, text);
+        context.out.rows({"name", "default"}, rows, json, text);
         return 0;
     }
 
@@ -64,11 +66,9 @@ class AscCommand : public Command {
         if (!mngr.exists(m_part))
             throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         PartAscs ascs = PartAscs::of(mngr, m_part);
-        QJsonObject json{{"part", qs(m_part)},
-                         {"onBoard", ascs.onBoardJson()},
-                         {"linkable", ascs.linkableJson()}};
-        context.out.print(
-            json, "on board  " + ascs.onBoardText() + "\nlinkable  " + ascs.linkableText() + "\n");
+        context.out.record({{"part", qs(m_part)},
+                            {"on_board", ascs.onBoardJson(), ascs.onBoardText()},
+                            {"linkable", ascs.linkableJson(), ascs.linkableText()}});
         return 0;
     }
 

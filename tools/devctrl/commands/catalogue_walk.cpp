@@ -54,7 +54,7 @@ void writeKeyed(std::ostream& out, const std::vector<std::string>& keys, const M
 // Columns written as named fields of a part; the others are custom items.
 const std::vector<std::pair<std::string, const char*>> kPartFields{
     {"Device", "device"},       {"Package", "package"}, {"Speed", "speed"},
-    {"Condition", "condition"}, {"Suffix", "suffix"},   {"ShortPackage", "shortPackage"}};
+    {"Condition", "condition"}, {"Suffix", "suffix"},   {"ShortPackage", "short_package"}};
 
 bool isPartField(const std::string& column) {
     return std::any_of(kPartFields.begin(), kPartFields.end(),

@@ -42,18 +42,10 @@ class CheckCommand : public Command {
                 verdict = "unknown";
                 break;
         }
-        if (context.out.json()) {
-            QJsonObject json{{"name", qs(m_name)}, {"result", qs(verdict)}, {"code", result}};
-            if (!use.empty())
-                json.insert("use", qs(use));
-            context.out.print(json, "");
-        } else {
-            std::vector<std::pair<std::string, std::string>> rows{
-                {"name", m_name}, {"result", verdict}, {"code", std::to_string(result)}};
-            if (!use.empty())
-                rows.emplace_back("use", use);
-            context.out.pairs(rows);
-        }
+        std::vector<Field> fields{{"name", qs(m_name)}, {"result", qs(verdict)}, {"code", result}};
+        if (!use.empty())
+            fields.push_back({"use", qs(use)});
+        context.out.record(fields);
         return result == TarnDeviceMngr::DeviceCheckUnknown ? 1 : 0;
     }
 

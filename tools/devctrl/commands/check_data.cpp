@@ -33,14 +33,18 @@ class CheckDataCommand : public Command {
         const std::vector<tarn::vyxpn::DataProblem> problems = tarn::vyxpn::checkInstallation();
         QJsonArray json;
         std::string text;
+        std::vector<std::vector<std::string>> rows;
         for (const auto& problem : problems) {
+            rows.push_back(
+                {problem.file, std::to_string(problem.line), problem.message, problem.pm});
             json.append(QJsonObject{{"file", qs(problem.file)},
                                     {"line", static_cast<qint64>(problem.line)},
                                     {"message", qs(problem.message)},
                                     {"pm", qs(problem.pm)}});
             text += tarn::vyxpn::formatProblem(problem) + "\n";
         }
-        context.out.print(QJsonObject{{"problems", json}}, text);
+        context.out.rows({"file", "line", "message", "pm"}, rows, QJsonObject{{"problems", json}},
+                         text);
         return problems.empty() ? 0 : 1;
     }
 

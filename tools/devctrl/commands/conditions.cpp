@@ -27,7 +27,7 @@ class ConditionsCommand : public Command {
         tarn::vyxpn::StringList conditions;
         mngr.getOperations(pm, m_device, m_package, m_speed, conditions, m_filters.withObsolete,
                            m_filters.ascOnly);
-        context.out.list(conditions);
+        context.out.list(conditions, "condition");
         return 0;
     }
 

@@ -20,7 +20,7 @@ class DevicesCommand : public Command {
         const std::string pm = resolvePm(mngr, m_pm);
         tarn::vyxpn::StringList devices;
         mngr.getDevices(pm, devices, m_filters.withObsolete, m_filters.ascOnly);
-        context.out.list(devices);
+        context.out.list(devices, "device");
         return 0;
     }
 

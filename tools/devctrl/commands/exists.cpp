@@ -15,12 +15,14 @@ class ExistsCommand : public Command {
     }
     void configure(CLI::App& command) override {
         command.add_option("PART", m_part, "Full part name (letter case matters)")->required();
-        command.footer("Prints nothing, for use in scripts; with --json prints true or false.");
+        command.footer(
+            "Prints nothing, for use in scripts; with --json prints {\"part\", \"exists\"}.");
     }
+    bool tabular() const override { return false; }
     int run(Context& context) override {
         const bool known = context.mngr().exists(m_part);
         if (context.out.json())
-            context.out.print(QJsonValue(known), "");
+            context.out.print(QJsonObject{{"part", qs(m_part)}, {"exists", known}}, "");
         return known ? 0 : 1;
     }
 

@@ -31,6 +31,7 @@ class ExportCommand : public Command {
             "parts with their fields and custom items, all in natural order. The filters act "
             "as they do for the other commands.");
     }
+    bool tabular() const override { return false; }
     int run(Context& context) override {
         auto& mngr = context.mngr();
         std::vector<std::string> pms;

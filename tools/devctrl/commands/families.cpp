@@ -18,7 +18,7 @@ class FamiliesCommand : public Command {
     int run(Context& context) override {
         StringList families;
         context.mngr().getAllFamilies(families, m_filters.withObsolete, m_filters.ascOnly);
-        context.out.list(families);
+        context.out.list(families, "family");
         return 0;
     }
 

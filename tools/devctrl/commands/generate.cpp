@@ -48,12 +48,12 @@ class GenerateCommand : public Command {
         } catch (const std::exception& e) {
             throw ToolError(e.what());
         }
-        context.out.pairs({{"directory", m_directory},
-                           {"parts", std::to_string(catalogue.parts)},
-                           {"pms", std::to_string(catalogue.pms.size())},
-                           {"largest pm", catalogue.largestPm},
-                           {"largest pm parts", std::to_string(catalogue.largestPmParts)},
-                           {"switched off", catalogue.disabledPm}});
+        context.out.record({{"directory", qs(m_directory)},
+                            {"parts", static_cast<qint64>(catalogue.parts)},
+                            {"pms", static_cast<qint64>(catalogue.pms.size())},
+                            {"largest_pm", qs(catalogue.largestPm)},
+                            {"largest_pm_parts", static_cast<qint64>(catalogue.largestPmParts)},
+                            {"switched_off", qs(catalogue.disabledPm)}});
         return 0;
     }
 

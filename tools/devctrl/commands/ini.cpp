@@ -208,13 +208,13 @@ class IniCommand : public Command {
     int runKeys(Context& context) {
         requireReadable(m_file);
         requireSection(m_file, m_section);
-        context.out.list(keysOf(m_file, m_section));
+        context.out.list(keysOf(m_file, m_section), "key");
         return 0;
     }
 
     int runSections(Context& context) {
         requireReadable(m_file);
-        context.out.list(sectionsOf(m_file));
+        context.out.list(sectionsOf(m_file), "section");
         return 0;
     }
 

@@ -26,7 +26,7 @@ class PackagesCommand : public Command {
         requireSelection(mngr, pm, m_device);
         tarn::vyxpn::StringList packages;
         mngr.getPackages(pm, m_device, packages, m_filters.withObsolete, m_filters.ascOnly);
-        context.out.list(packages);
+        context.out.list(packages, "package");
         return 0;
     }
 

@@ -28,7 +28,7 @@ class PmsCommand : public Command {
         } else {
             tarn::vyxpn::TarnDeviceMngr::baseGetAllPMs(pms);
         }
-        context.out.list(pms);
+        context.out.list(pms, "pm");
         return 0;
     }
 

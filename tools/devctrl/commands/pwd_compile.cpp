@@ -42,9 +42,9 @@ class PwdCompileCommand : public Command {
         for (const auto& section : data.GetSectionList())
             if (auto* table = dynamic_cast<const PD_TABLE*>(section.get()))
                 rows += table->GetRowList().size();
-        context.out.pairs({{"file", m_binary},
-                           {"sections", std::to_string(data.GetNumOfSections())},
-                           {"rows", std::to_string(rows)}});
+        context.out.record({{"file", qs(m_binary)},
+                            {"sections", static_cast<qint64>(data.GetNumOfSections())},
+                            {"rows", static_cast<qint64>(rows)}});
         return 0;
     }
 

@@ -46,6 +46,7 @@ class PwdDumpCommand : public Command {
             "The output reads back (with 'devctrl pwd-compile') to the same data, and dumping "
             "that again prints the same bytes.");
     }
+    bool tabular() const override { return false; }
     int run(Context& context) override {
         PD_DATA data;
         if (PD_UTIL::IsBinaryFile(m_file.c_str())) {

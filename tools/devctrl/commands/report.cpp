@@ -43,7 +43,14 @@ class ReportCommand : public Command {
             std::cerr << "devctrl: no ASC stock data for "
                       << tarn::vyxpn::util::escapedForMessage(m_part)
                       << "; the report holds its device rows only\n";
-        context.out.pairs(rows, false);
+        // Keys repeat (one row per resource and chip), so JSON gets a list.
+        std::vector<std::vector<std::string>> table;
+        QJsonArray json;
+        for (const auto& [item, value] : rows) {
+            table.push_back({item, value});
+            json.append(QJsonObject{{"item", qs(item)}, {"value", qs(value)}});
+        }
+        context.out.rows({"item", "value"}, table, json, alignedText(table));
         return 0;
     }
 

@@ -24,35 +24,18 @@ class SettingsCommand : public Command {
         auto& mngr = context.mngr();
         if (!mngr.exists(m_part))
             throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
-        auto yesNo = [](bool on) { return std::string(on ? "yes" : "no"); };
         PartAscs ascs = PartAscs::of(mngr, m_part);
-        if (context.out.json()) {
-            QJsonObject json{
-                {"part", qs(m_part)},
-                {"synplify", mngr.enableSynplify(m_part)},
-                {"precision", mngr.enablePrecision(m_part)},
-                {"defaultSynthesis", qs(mngr.getDefaultSynthesis(m_part))},
-                {"icf", mngr.enableICF(m_part)},
-                {"lst", mngr.enableLST(m_part)},
-                {"bitgen", mngr.enableBitgen(m_part)},
-                {"ascMax", mngr.getASCMaxNum(m_part)},
-                {"ascOnBoard", ascs.onBoardJson()},
-                {"ascLinkable", ascs.linkableJson()},
-            };
-            context.out.print(json, "");
-            return 0;
-        }
-        context.out.pairs({
-            {"part", m_part},
-            {"synplify", yesNo(mngr.enableSynplify(m_part))},
-            {"precision", yesNo(mngr.enablePrecision(m_part))},
-            {"default synthesis", mngr.getDefaultSynthesis(m_part)},
-            {"icf", yesNo(mngr.enableICF(m_part))},
-            {"lst", yesNo(mngr.enableLST(m_part))},
-            {"bitgen", yesNo(mngr.enableBitgen(m_part))},
-            {"asc max", std::to_string(mngr.getASCMaxNum(m_part))},
-            {"asc on board", ascs.onBoardText()},
-            {"asc linkable", ascs.linkableText()},
+        context.out.record({
+            {"part", qs(m_part)},
+            {"synplify", mngr.enableSynplify(m_part)},
+            {"precision", mngr.enablePrecision(m_part)},
+            {"default_synthesis", qs(mngr.getDefaultSynthesis(m_part))},
+            {"icf", mngr.enableICF(m_part)},
+            {"lst", mngr.enableLST(m_part)},
+            {"bitgen", mngr.enableBitgen(m_part)},
+            {"asc_max", mngr.getASCMaxNum(m_part)},
+            {"asc_on_board", ascs.onBoardJson(), ascs.onBoardText()},
+            {"asc_linkable", ascs.linkableJson(), ascs.linkableText()},
         });
         return 0;
     }

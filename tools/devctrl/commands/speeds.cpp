@@ -26,7 +26,7 @@ class SpeedsCommand : public Command {
         requireSelection(mngr, pm, m_device, &m_package);
         tarn::vyxpn::StringList speeds;
         mngr.getSpeeds(pm, m_device, m_package, speeds, m_filters.withObsolete, m_filters.ascOnly);
-        context.out.list(speeds);
+        context.out.list(speeds, "speed");
         return 0;
     }
 

@@ -32,13 +32,14 @@ class TranslateCommand : public Command {
             "Prints the result code (0 none, 1 renamed, 2 migrated, 3 not recommended), "
             "its meaning and the new name, read from pqrndev.lst in the data directory.");
     }
+    bool tabular() const override { return false; }
     int run(Context& context) override {
         // Handing the old name in as the new one asks for renames only.
         std::string newName = m_renamesOnly ? m_name : "";
         int code = context.mngr().getNewFormatDeviceName(m_name, newName);
         if (code == 0)
             newName.clear();
-        QJsonObject json{{"code", code}, {"meaning", meaningOf(code)}, {"newName", qs(newName)}};
+        QJsonObject json{{"code", code}, {"meaning", meaningOf(code)}, {"new_name", qs(newName)}};
         std::string text = std::to_string(code) + " " + meaningOf(code);
         if (!newName.empty())
             text += " " + newName;

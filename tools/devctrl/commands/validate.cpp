@@ -19,6 +19,7 @@ class ValidateCommand : public Command {
             "Exit status 0 when the choice is valid, 1 with the library's message when it "
             "is not.");
     }
+    bool tabular() const override { return false; }
     int run(Context& context) override {
         tarn::vyxpn::TarnDeviceObj device(m_part);
         device.m_ascList = m_ascs;
