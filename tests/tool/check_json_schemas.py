@@ -89,7 +89,7 @@ def schema(name):
 def commands():
     """The registry's commands, as the top-level help lists them."""
     text = subprocess.run([DEVCTRL, "--help"], capture_output=True, text=True).stdout
-    listing = text.split("SUBCOMMANDS:", 1)[1].split("\n\n", 1)[0]
+    listing = text.split("Subcommands:", 1)[1].split("\n\n", 1)[0]
     return {m.group(1) for m in re.finditer(r"^\s+(\S+)", listing, re.M)}
 
 
@@ -109,6 +109,8 @@ def main():
         chips = json.loads(run(["asc", "chips"], tmp).stdout)
         chip = chips[0]["name"]
         for name, args in CASES:
+            if name not in known:
+                continue  # reported above
             printed = run(["schema", name], tmp).stdout
             if printed != (SCHEMAS / (name + ".json")).read_text():
                 failures.append(f"devctrl schema {name} differs from its file")

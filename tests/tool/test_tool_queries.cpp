@@ -63,7 +63,7 @@ TEST(ToolQueries, WhereAndColumnsInEveryFormat) {
         {"--format csv settings ZS3-5N48E",
          "key,value\r\npart,ZS3-5N48E\r\nsynplify,yes\r\nprecision,no\r\n"
          "default_synthesis,synplify\r\nicf,no\r\nlst,yes\r\nbitgen,yes\r\nasc_max,2\r\n"
-         "asc_on_board,no data\r\nasc_linkable,\"ASC10, ASC20\"\r\n"},
+         "asc_on_board,none\r\nasc_linkable,\"ASC10, ASC20\"\r\n"},
     };
     for (const auto& c : cases) {
         const Run run = tool(c.args);

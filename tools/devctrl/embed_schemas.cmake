@@ -13,14 +13,13 @@ foreach(schema IN LISTS schemas)
     endif()
     string(APPEND entries "    {\"${name}\", R\"schema(${text})schema\"},\n")
 endforeach()
-set(source "// SPDX-License-Identifier: MIT\n"
-           "// Generated from ${SCHEMA_DIR} at build time; edit the files there.\n"
-           "#include \"embedded_schemas.h\"\n\n"
-           "namespace devctrl_tool {\n\n"
-           "const std::vector<EmbeddedSchema>& embeddedSchemas() {\n"
-           "    static const std::vector<EmbeddedSchema> schemas{\n${entries}    };\n"
-           "    return schemas;\n}\n\n}  // namespace devctrl_tool\n")
-string(CONCAT source ${source})
+# Appended piece by piece, quoted: a list would eat the semicolons.
+set(source "// SPDX-License-Identifier: MIT\n")
+string(APPEND source "// Generated from ${SCHEMA_DIR} at build time; edit the files there.\n")
+string(APPEND source "#include \"embedded_schemas.h\"\n\nnamespace devctrl_tool {\n\n")
+string(APPEND source "const std::vector<EmbeddedSchema>& embeddedSchemas() {\n")
+string(APPEND source "    static const std::vector<EmbeddedSchema> schemas{\n${entries}    };\n")
+string(APPEND source "    return schemas;\n}\n\n}  // namespace devctrl_tool\n")
 # Rewritten only when it changes, so that nothing rebuilds needlessly.
 file(WRITE "${OUTPUT}.new" "${source}")
 file(COPY_FILE "${OUTPUT}.new" "${OUTPUT}" ONLY_IF_DIFFERENT)
