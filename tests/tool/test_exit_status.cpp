@@ -51,7 +51,11 @@ TEST(ExitStatus, AnAnswerThatCannotBeWrittenFails) {
                                     command + " >/dev/full 2>" + err);
         EXPECT_EQ(status, 1) << command;
         const std::string message = readFile(err);
-        EXPECT_EQ(message, "devctrl: cannot write the output: No space left on device\n")
+        // With JSON asked for, the failure is a JSON document as well.
+        EXPECT_EQ(message, std::string(command).rfind("--json", 0) == 0
+                               ? "{\"error\":{\"exit_status\":1,\"message\":\"cannot write the "
+                                 "output: No space left on device\"}}\n"
+                               : "devctrl: cannot write the output: No space left on device\n")
             << command;
     }
 }

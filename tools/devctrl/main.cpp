@@ -340,10 +340,8 @@ int main(int argc, char** argv) {
     int status = runTool(argc, argv);
     std::cout.rdbuf(previous);
     const std::string writeError = checked.finish();
-    if (!writeError.empty()) {
-        std::cerr << "devctrl: cannot write the output: " << writeError << '\n';
-        if (status == 0)
-            status = 1;
-    }
+    if (!writeError.empty())
+        status = ErrorPrinter{wantsJson(argc, argv)}("cannot write the output: " + writeError,
+                                                     status == 0 ? 1 : status);
     return status;
 }
