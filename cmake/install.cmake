@@ -71,5 +71,7 @@ install(FILES ${PROJECT_BINARY_DIR}/devctrlConfig.cmake
               ${PROJECT_BINARY_DIR}/devctrlConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/devctrl)
 
+file(RELATIVE_PATH DEVCTRL_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" DEVCTRL_PC_TO_PREFIX "${DEVCTRL_PC_TO_PREFIX}")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/devctrl.pc.in ${PROJECT_BINARY_DIR}/devctrl.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/devctrl.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
