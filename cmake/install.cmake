@@ -39,7 +39,8 @@ set(DEVCTRL_PUBLIC_HEADERS
     util/quote.h
     util/string_list.h
     util/string_utils.h
-    util/tokenizer.h)
+    util/tokenizer.h
+    util/version.h)
 set(DEVCTRL_PUBLIC_PLATFORM_HEADERS
     base_settings.h
     export.h
