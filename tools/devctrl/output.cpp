@@ -160,6 +160,13 @@ void Output::record(const std::vector<Field>& fields) {
     }
 }
 
+void Output::pairs(const std::vector<std::pair<std::string, std::string>>& rows) {
+    std::vector<Field> fields;
+    for (const auto& [key, value] : rows)
+        fields.push_back({key, qs(value)});
+    record(fields);
+}
+
 void Output::value(const std::string& text) {
     if (m_format == Format::Json)
         printJson(qs(text));

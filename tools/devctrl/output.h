@@ -51,6 +51,9 @@ class Output {
     // Named fields in order: aligned "key  value" lines (the key with blanks
     // for underscores), CSV rows "key,value", or a JSON object.
     void record(const std::vector<Field>& fields);
+    // Text key/value pairs in order: aligned lines, CSV rows "key,value", or
+    // a JSON object of strings.
+    void pairs(const std::vector<std::pair<std::string, std::string>>& rows);
     // One value: a line (a one-field CSV record), or a JSON string.
     void value(const std::string& text);
     // Anything else: `json` in JSON mode, `text` (printed as it stands)
