@@ -17,14 +17,14 @@ using devctrl_test::runTool;
 
 namespace {
 
-struct Run {
+struct ToolRun {
     int status;
     std::string out;
     std::string err;
 };
 
-Run tool(const std::string& args) {
-    Run run;
+ToolRun tool(const std::string& args) {
+    ToolRun run;
     run.status = runTool("-q --data " DEVCTRL_TEST_SAMPLE_DATA " " + args, &run.out, &run.err);
     return run;
 }
@@ -62,11 +62,11 @@ TEST(ToolQueries, WhereAndColumnsInEveryFormat) {
         // A record: aligned lines, key/value CSV, typed JSON.
         {"--format csv settings ZS3-5N48E",
          "key,value\r\npart,ZS3-5N48E\r\nsynplify,yes\r\nprecision,no\r\n"
-         "default_synthesis,synplify\r\nicf,no\r\nlst,yes\r\nbitgen,yes\r\nasc_max,2\r\n"
+         "default_synthesis,synplify\r\nicf,no\r\nlst,no\r\nbitgen,yes\r\nasc_max,2\r\n"
          "asc_on_board,none\r\nasc_linkable,\"ASC10, ASC20\"\r\n"},
     };
     for (const auto& c : cases) {
-        const Run run = tool(c.args);
+        const ToolRun run = tool(c.args);
         EXPECT_EQ(run.status, 0) << c.args << ": " << run.err;
         EXPECT_EQ(run.out, c.out) << c.args;
         EXPECT_EQ(run.err, "") << c.args;
@@ -99,7 +99,7 @@ TEST(ToolQueries, MistakesAreErrorsNeverEmptyLists) {
          "--help')\"}}\n"},
     };
     for (const auto& c : cases) {
-        const Run run = tool(c.args);
+        const ToolRun run = tool(c.args);
         EXPECT_EQ(run.status, c.status) << c.args;
         EXPECT_EQ(run.err, c.err) << c.args;
         EXPECT_EQ(run.out, "") << c.args;
@@ -109,7 +109,7 @@ TEST(ToolQueries, MistakesAreErrorsNeverEmptyLists) {
 // Each item the part has a value for, once, with the table it is read from,
 // in lookup order: part, package, device, family, part table.
 TEST(ToolQueries, AllItemsOfAPartWithTheirSources) {
-    const Run run = tool("part ZS3-5N48E --all-items");
+    const ToolRun run = tool("part ZS3-5N48E --all-items");
     ASSERT_EQ(run.status, 0) << run.err;
     const std::vector<std::string> expected{
         "Status\tP\tpart",
@@ -140,7 +140,7 @@ TEST(ToolQueries, AllItemsOfAPartWithTheirSources) {
     for (const std::string& row : expected)
         EXPECT_EQ(std::count(lines.begin(), lines.end(), row), 1) << row << "\n" << run.out;
 
-    const Run json = tool("--json part ZS3-5N48E --all-items");
+    const ToolRun json = tool("--json part ZS3-5N48E --all-items");
     const QJsonObject object =
         QJsonDocument::fromJson(QByteArray::fromStdString(json.out)).object();
     EXPECT_EQ(object["condition"].toString(), "AUTO");
