@@ -2,6 +2,7 @@
 #include "catalogue.h"
 
 #include "devctrl/mngr/known_names.h"
+#include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
@@ -345,10 +346,8 @@ malformed condition :class:`FilterSyntaxError`.
                     StringList known;
                     mngr.getOperations(code, device, package, speed, known, true, false);
                     tarn::vyxpn::requireListed("condition", condition, known, code);
-                    throw tarn::vyxpn::UnknownNameError("part of", code + " " + device + " " +
-                                                                       package + " " + speed +
-                                                                       " " + condition,
-                                                        {});
+                    throw tarn::vyxpn::UnknownNameError(
+                        "part", device + " " + package + " " + speed + " " + condition, {}, code);
                 });
             },
             py::arg("pm"), py::arg("device"), py::arg("package"), py::arg("speed"),

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "errors.h"
 
+#include <pybind11/stl.h>
+
 #include <exception>
 #include <string>
 
