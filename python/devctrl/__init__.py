@@ -23,5 +23,3 @@ __all__ = [
     "FilterSyntaxError", "Item", "LoadCancelled", "Part", "Settings", "Translation",
     "UnknownNameError", "Validation", "ini",
 ]
-
-Catalogue.__module__ = Check.__module__ = Part.__module__ = __name__
