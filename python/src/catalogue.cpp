@@ -229,13 +229,12 @@ error kept in :attr:`load_failures`; by default it raises :class:`DataError`.
             [](const Catalogue& c, const std::string& pm, bool obsolete, bool ascOnly) {
                 return Lists{*c.session(), obsolete, ascOnly}.devices(pm);
             },
-            py::arg("pm"), py::kw_only(), py::arg("obsolete") = false,
-            py::arg("asc_only") = false,
+            py::arg("pm"), py::kw_only(), py::arg("obsolete") = false, py::arg("asc_only") = false,
             "The devices of a PM (its code or family name), in natural order.")
         .def(
             "packages",
-            [](const Catalogue& c, const std::string& pm, const std::string& device,
-               bool obsolete, bool ascOnly) {
+            [](const Catalogue& c, const std::string& pm, const std::string& device, bool obsolete,
+               bool ascOnly) {
                 return Lists{*c.session(), obsolete, ascOnly}.packages(pm, device);
             },
             py::arg("pm"), py::arg("device"), py::kw_only(), py::arg("obsolete") = false,
@@ -252,13 +251,12 @@ error kept in :attr:`load_failures`; by default it raises :class:`DataError`.
         .def(
             "conditions",
             [](const Catalogue& c, const std::string& pm, const std::string& device,
-               const std::string& package, const std::string& speed, bool obsolete,
-               bool ascOnly) {
+               const std::string& package, const std::string& speed, bool obsolete, bool ascOnly) {
                 return Lists{*c.session(), obsolete, ascOnly}.conditions(pm, device, package,
                                                                          speed);
             },
-            py::arg("pm"), py::arg("device"), py::arg("package"), py::arg("speed"),
-            py::kw_only(), py::arg("obsolete") = false, py::arg("asc_only") = false,
+            py::arg("pm"), py::arg("device"), py::arg("package"), py::arg("speed"), py::kw_only(),
+            py::arg("obsolete") = false, py::arg("asc_only") = false,
             "The operating conditions (COM, IND, AUTO) of a device, package and speed.")
         .def(
             "parts",
@@ -311,7 +309,8 @@ malformed condition :class:`FilterSyntaxError`.
             },
             py::arg("pm") = py::none(), "Every name a where= condition may use, in natural order.")
         .def(
-            "part", [](const Catalogue& c, const std::string& name) { return Part(c.session(), name); },
+            "part",
+            [](const Catalogue& c, const std::string& name) { return Part(c.session(), name); },
             py::arg("name"),
             "The part of a full name; UnknownNameError with the nearest names if none.")
         .def(
@@ -322,7 +321,8 @@ malformed condition :class:`FilterSyntaxError`.
             },
             "Whether some loaded family knows the full part name.")
         .def(
-            "check", [](const Catalogue& c, const std::string& name) {
+            "check",
+            [](const Catalogue& c, const std::string& name) {
                 return checkName(*c.session(), name);
             },
             py::arg("name"),
@@ -363,8 +363,7 @@ malformed condition :class:`FilterSyntaxError`.
                     [&] { return session->mngr().getNewFormatDeviceName(name, newName); });
                 if (code == 0)
                     newName.clear();
-                py::object translation =
-                    py::module_::import("devctrl._types").attr("Translation");
+                py::object translation = py::module_::import("devctrl._types").attr("Translation");
                 return translation(code, translationMeaning(code),
                                    newName.empty() ? py::object(py::none()) : py::str(newName));
             },

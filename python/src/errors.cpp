@@ -28,7 +28,8 @@ void raise(const char* name, py::tuple args, py::dict kwargs = py::dict()) {
 // a standard container or the runtime says about itself does not.
 std::string userMessage(const char* what) {
     const std::string text = what ? what : "";
-    if (text.empty() || text.find("::") != std::string::npos || text.find("_M_") != std::string::npos)
+    if (text.empty() || text.find("::") != std::string::npos ||
+        text.find("_M_") != std::string::npos)
         return "internal error while answering the query";
     return text;
 }

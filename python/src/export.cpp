@@ -48,7 +48,8 @@ py::dict familyDict(const std::string& family, const tarn::vyxpn::FamilyExport& 
     out["family"] = family;
     out["devices"] = names(data.devices);
     out["packages"] = keyed(data.devices, names);
-    out["speeds"] = keyed(data.devices, [](const auto& packages) { return keyed(packages, names); });
+    out["speeds"] =
+        keyed(data.devices, [](const auto& packages) { return keyed(packages, names); });
     out["conditions"] = keyed(data.devices, [](const auto& packages) {
         return keyed(packages, [](const auto& speeds) { return keyed(speeds, names); });
     });
@@ -96,9 +97,9 @@ py::dict exportCatalogue(const Catalogue& catalogue, const std::optional<std::st
                            families.end());
         }
         for (const std::string& code : pms)
-            walked.push_back({code, tarn::vyxpn::TarnDeviceMngr::basePmToFamily(code),
-                              tarn::vyxpn::exportFamily(*mngr.getFamilyFile(code), obsolete,
-                                                        ascOnly)});
+            walked.push_back(
+                {code, tarn::vyxpn::TarnDeviceMngr::basePmToFamily(code),
+                 tarn::vyxpn::exportFamily(*mngr.getFamilyFile(code), obsolete, ascOnly)});
     });
     py::dict out;
     out["families"] = py::cast(families);

@@ -40,8 +40,8 @@ std::vector<std::string> splitList(const std::vector<char>& buffer, unsigned cou
 
 std::vector<std::string> listOf(const char* section, const std::string& path) {
     std::vector<char> buffer(kBufferSize, '\0');
-    const unsigned count =
-        GetPrivateProfileString(section, nullptr, nullptr, buffer.data(), kBufferSize, path.c_str());
+    const unsigned count = GetPrivateProfileString(section, nullptr, nullptr, buffer.data(),
+                                                   kBufferSize, path.c_str());
     return splitList(buffer, count);
 }
 
@@ -87,8 +87,7 @@ void remove(const std::string& path, const std::string& section,
         throw py::key_error("no key " + *key + " in section [" + section + "] of " + path);
     // The result is no success flag: removing the last entry of a file
     // reports 0 although the file changed.
-    WritePrivateProfileString(section.c_str(), key ? key->c_str() : nullptr, nullptr,
-                              path.c_str());
+    WritePrivateProfileString(section.c_str(), key ? key->c_str() : nullptr, nullptr, path.c_str());
 }
 
 }  // namespace
@@ -97,10 +96,8 @@ void bindIni(py::module_& m) {
     py::module_ ini = m.def_submodule("_ini", "The INI profile functions (see devctrl.ini).");
     ini.def("read", &read, py::arg("path"), py::arg("section"), py::arg("key"),
             py::arg("default") = py::none());
-    ini.def("write", &write, py::arg("path"), py::arg("section"), py::arg("key"),
-            py::arg("value"));
-    ini.def("delete", &remove, py::arg("path"), py::arg("section"),
-            py::arg("key") = py::none());
+    ini.def("write", &write, py::arg("path"), py::arg("section"), py::arg("key"), py::arg("value"));
+    ini.def("delete", &remove, py::arg("path"), py::arg("section"), py::arg("key") = py::none());
     ini.def(
         "sections",
         [](const std::string& path) {

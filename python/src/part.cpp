@@ -166,8 +166,7 @@ origin being the table the value is read from ('part', 'package', 'device',
         .def("__hash__", [](const Part& p) { return py::hash(py::str(p.name)); })
         .def("__str__", [](const Part& p) { return p.name; })
         .def("__repr__", [](const Part& p) {
-            return "Part(" + py::repr(py::str(p.name)).cast<std::string>() + ", pm='" + p.pm +
-                   "')";
+            return "Part(" + py::repr(py::str(p.name)).cast<std::string>() + ", pm='" + p.pm + "')";
         });
 }
 

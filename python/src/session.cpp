@@ -87,15 +87,16 @@ std::shared_ptr<Session> Session::open(const std::optional<std::string>& dataDir
         BaseSystem::setDataPath(QString::fromStdString(live->dataDir()));
         throw CatalogueBusy("a Catalogue on " + live->dataDir() +
                             " is still open; close it (or drop every reference to it and its "
-                            "parts) before opening one on " + wanted);
+                            "parts) before opening one on " +
+                            wanted);
     }
     ProgressBridge bridge(progress);
     std::shared_ptr<Session> session;
     {
         std::string wanted = callLibrary([&] { return resolveDataDir(dataDir); });
         session.reset(new Session(wanted));
-        const bool reuse = TarnDeviceMngr::m_pMngr && g_loadedDir == wanted &&
-                           progress.is_none() && !skipBroken;
+        const bool reuse =
+            TarnDeviceMngr::m_pMngr && g_loadedDir == wanted && progress.is_none() && !skipBroken;
         const auto broken = skipBroken ? TarnDeviceMngr::BrokenFamilies::Skip
                                        : TarnDeviceMngr::BrokenFamilies::Raise;
         bool cancelled = false;
