@@ -2,6 +2,7 @@
 #include "catalogue.h"
 
 #include "devctrl/mngr/known_names.h"
+#include "devctrl/mngr/name_translation.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_search.h"
@@ -50,19 +51,6 @@ std::vector<std::string> stringsOf(const py::object& value) {
     if (py::isinstance<py::str>(value))
         return {value.cast<std::string>()};
     return value.cast<std::vector<std::string>>();
-}
-
-const char* translationMeaning(int code) {
-    switch (code) {
-        case 1:
-            return "renamed";
-        case 2:
-            return "migrated";
-        case 3:
-            return "not recommended";
-        default:
-            return "no translation";
-    }
 }
 
 // The enumeration queries share their filters and name checks.
@@ -364,7 +352,7 @@ malformed condition :class:`FilterSyntaxError`.
                 if (code == 0)
                     newName.clear();
                 py::object translation = py::module_::import("devctrl._types").attr("Translation");
-                return translation(code, translationMeaning(code),
+                return translation(code, tarn::vyxpn::nameTranslationMeaning(code),
                                    newName.empty() ? py::object(py::none()) : py::str(newName));
             },
             py::arg("name"), py::kw_only(), py::arg("renames_only") = false,
