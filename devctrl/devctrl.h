@@ -16,6 +16,7 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"
+#include "devctrl/util/version.h"
 
 #include "devctrl/mngr/family_export.h"
 #include "devctrl/mngr/known_names.h"
