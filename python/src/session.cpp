@@ -78,53 +78,63 @@ std::mutex& libraryLock() {
 
 std::shared_ptr<Session> Session::open(const std::optional<std::string>& dataDir,
                                        const py::object& progress, bool skipBroken) {
-    if (auto live = g_live.lock()) {
-        const std::string wanted = callLibrary([&] { return resolveDataDir(dataDir); });
-        if (live->dataDir() == wanted)
-            return live;
-        // Only one manager exists per process: reloading it would change
-        // the answers of the catalogue that is still open.
-        BaseSystem::setDataPath(QString::fromStdString(live->dataDir()));
-        throw CatalogueBusy("a Catalogue on " + live->dataDir() +
-                            " is still open; close it (or drop every reference to it and its "
-                            "parts) before opening one on " +
-                            wanted);
-    }
     ProgressBridge bridge(progress);
+    const bool quietLoad = progress.is_none() && !skipBroken;
+    const auto broken =
+        skipBroken ? TarnDeviceMngr::BrokenFamilies::Skip : TarnDeviceMngr::BrokenFamilies::Raise;
     std::shared_ptr<Session> session;
-    {
-        std::string wanted = callLibrary([&] { return resolveDataDir(dataDir); });
-        session.reset(new Session(wanted));
-        const bool reuse =
-            TarnDeviceMngr::m_pMngr && g_loadedDir == wanted && progress.is_none() && !skipBroken;
-        const auto broken = skipBroken ? TarnDeviceMngr::BrokenFamilies::Skip
-                                       : TarnDeviceMngr::BrokenFamilies::Raise;
-        bool cancelled = false;
-        callLibrary([&] {
-            if (reuse)
+    std::string wanted;
+    bool cancelled = false;
+    // All of it under the library lock: two threads opening catalogues at
+    // once see each other's session and never drop a manager in use.
+    callLibrary([&] {
+        const std::shared_ptr<Session> live = g_live.lock();
+        try {
+            wanted = resolveDataDir(dataDir);
+        } catch (...) {
+            if (live)
+                BaseSystem::setDataPath(QString::fromStdString(live->dataDir()));
+            throw;
+        }
+        if (live) {
+            if (live->dataDir() == wanted) {
+                session = live;
                 return;
+            }
+            // Only one manager exists per process: reloading it would
+            // change the answers of the catalogue that is still open.
+            BaseSystem::setDataPath(QString::fromStdString(live->dataDir()));
+            throw CatalogueBusy("a Catalogue on " + live->dataDir() +
+                                " is still open; close it (or drop every reference to it and "
+                                "its parts) before opening one on " +
+                                wanted);
+        }
+        std::shared_ptr<Session> fresh(new Session(wanted));
+        if (!(quietLoad && TarnDeviceMngr::m_pMngr && g_loadedDir == wanted)) {
             dropManager();
             auto previous = tarn::vyxpn::setLoadProgressHandler(bridge.handler());
             try {
                 TarnDeviceMngr* mngr = TarnDeviceMngr::getInstance(broken);
                 cancelled = mngr->loadCancelled();
-                session->m_loadFailures = mngr->loadFailures();
+                fresh->m_loadFailures = mngr->loadFailures();
             } catch (...) {
                 tarn::vyxpn::setLoadProgressHandler(previous);
                 dropManager();
                 throw;
             }
             tarn::vyxpn::setLoadProgressHandler(previous);
-            if (cancelled)
+            if (cancelled) {
                 dropManager();
-            else
-                g_loadedDir = wanted;
-        });
-        bridge.raiseCallbackError();
-        if (cancelled)
-            throw LoadCancelled("loading " + wanted + " was stopped by the progress callback");
-    }
-    g_live = session;
+                return;
+            }
+            g_loadedDir = wanted;
+        }
+        g_live = fresh;
+        session = fresh;
+    });
+    bridge.raiseCallbackError();
+    if (cancelled)
+        throw LoadCancelled("loading " + wanted + " was stopped by the progress callback");
     return session;
 }
 

@@ -107,10 +107,17 @@ def test_bad_data_raise_data_error_naming_where(broken_dir):
         assert "ZR9" not in catalogue.families() and "ZR1" in catalogue.families()
 
 
-def test_a_missing_directory_raises(tmp_path):
+def test_a_missing_directory_raises_and_leaves_the_open_catalogue_alone(sample_dir, tmp_path):
     with pytest.raises(devctrl.DataDirError) as raised:
         open_catalogue(str(tmp_path / "absent"))
     assert isinstance(raised.value, FileNotFoundError)
+    with open_catalogue(sample_dir) as catalogue:
+        renamed = catalogue.translate("ZQ12-6B100C")
+        for refused in (str(tmp_path / "absent"), str(tmp_path)):
+            with pytest.raises((devctrl.DataDirError, devctrl.CatalogueBusyError)):
+                devctrl.Catalogue(refused)
+        # The renames are read from the data directory on each call.
+        assert catalogue.translate("ZQ12-6B100C") == renamed and renamed.code == 1
 
 
 def test_the_gil_is_released_while_loading_and_querying(generated_dir):
