@@ -17,7 +17,10 @@ set(DEVCTRL_PUBLIC_HEADERS
     device/device_obj.h
     mngr/data_check.h
     mngr/device_mngr.h
+    mngr/family_export.h
+    mngr/known_names.h
     mngr/load_progress.h
+    mngr/name_translation.h
     mngr/near_names.h
     mngr/part_filter.h
     mngr/part_items.h

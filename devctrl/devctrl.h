@@ -18,7 +18,10 @@
 #include "devctrl/util/tokenizer.h"
 #include "devctrl/util/version.h"
 
+#include "devctrl/mngr/family_export.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/mngr/load_progress.h"
+#include "devctrl/mngr/name_translation.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_items.h"

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "devctrl/mngr/family_export.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "devctrl/sds/name_columns.h"
+#include "devctrl/sds/sds_file.h"
+#include "devctrl/util/comparators.h"
+
+namespace tarn::vyxpn {
+
+namespace {
+
+// The naming columns; every other column of the part table is a custom item.
+const std::array<const char*, 6> kFieldColumns{"Device",    "Package", "Speed",
+                                               "Condition", "Suffix",  "ShortPackage"};
+
+bool isFieldColumn(const std::string& column) {
+    return std::find(kFieldColumns.begin(), kFieldColumns.end(), column) != kFieldColumns.end();
+}
+
+// A selection level while it is gathered: children by name, in first-seen
+// order, sorted once at the end.
+struct Gathering {
+    std::vector<std::pair<std::string, Gathering>> children;
+    std::unordered_map<std::string, std::size_t> index;
+
+    Gathering& child(const std::string& name) {
+        auto found = index.find(name);
+        if (found != index.end())
+            return children[found->second].second;
+        index.emplace(name, children.size());
+        children.emplace_back(name, Gathering());
+        return children.back().second;
+    }
+};
+
+// Stable sorts, as the manager sorts: the orderings are not strict weak
+// orderings for every input. Packages (depth 1) sort by package order.
+std::vector<SelectionNode> finish(Gathering& level, int depth) {
+    std::vector<SelectionNode> nodes;
+    nodes.reserve(level.children.size());
+    for (auto& [name, below] : level.children)
+        nodes.push_back({name, finish(below, depth + 1)});
+    auto byName = [depth](const SelectionNode& a, const SelectionNode& b) {
+        return depth == 1 ? PKGSTRgreater(a.name, b.name) : STRgreater(a.name, b.name);
+    };
+    std::stable_sort(nodes.begin(), nodes.end(), byName);
+    return nodes;
+}
+
+ExportedPart exportPart(const TarnSDSFile& family, const TarnSDSFileSection& table,
+                        const std::string& part, const std::vector<std::string>& row) {
+    ExportedPart out;
+    out.name = part;
+    for (const char* column : kFieldColumns) {
+        const int index = table.columnOf(column);
+        if (index >= 0 && static_cast<std::size_t>(index) < row.size())
+            out.fields.emplace_back(column, row[index]);
+    }
+    out.obsolete = family.isObsDevice(part);
+    std::unordered_set<std::string> seen;
+    const auto& columns = table.m_items;
+    for (std::size_t i = 0; i < columns.size() && i < row.size(); ++i)
+        if (!isFieldColumn(columns[i]) && seen.insert(columns[i]).second)
+            out.items.emplace_back(columns[i], row[i]);
+    return out;
+}
+
+}  // namespace
+
+FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly) {
+    const TarnSDSFileSection& table = family.m_genericDevices;
+    const NameColumns columns = nameColumnsOf(table);
+    const int levels[] = {columns.device, columns.package, columns.speed, columns.condition};
+    // The list queries answer only when the status column exists.
+    const bool listable = table.columnOf("Status") >= 0;
+
+    FamilyExport out;
+    Gathering tree;
+    std::vector<const std::pair<const std::string, std::vector<std::string>>*> passing;
+    for (const auto& entry : table.m_datas) {
+        if (!family.partPasses(entry.first, withObsolete, ascOnly))
+            continue;
+        passing.push_back(&entry);
+        if (!listable)
+            continue;
+        Gathering* level = &tree;
+        for (int column : levels) {
+            if (column < 0)
+                break;
+            level = &level->child(entry.second.at(column));
+        }
+    }
+    out.devices = finish(tree, 0);
+    std::stable_sort(passing.begin(), passing.end(),
+                     [](const auto* a, const auto* b) { return STRgreater(a->first, b->first); });
+    out.parts.reserve(passing.size());
+    for (const auto* entry : passing)
+        out.parts.push_back(exportPart(family, table, entry->first, entry->second));
+    return out;
+}
+
+}  // namespace tarn::vyxpn

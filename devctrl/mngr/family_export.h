@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+// A whole family in one walk over its part table: the devices, packages,
+// speeds and conditions the list queries would give, and the passing parts
+// with their fields and custom items. What an export of the catalogue is
+// made of, for any front-end to write in its own format.
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "devctrl/util/export.h"
+
+namespace tarn::vyxpn {
+
+class TarnSDSFile;
+
+// One level of the selection tree: a device, a package, a speed or a
+// condition, with the values of the next level under it.
+struct DEVCTRL_API SelectionNode {
+    std::string name;
+    std::vector<SelectionNode> children;
+};
+
+struct DEVCTRL_API ExportedPart {
+    std::string name;
+    // The naming columns the table has, as (column, value): Device,
+    // Package, Speed, Condition, Suffix, ShortPackage, in that order.
+    std::vector<std::pair<std::string, std::string>> fields;
+    bool obsolete = false;
+    // The other columns, in table order; a column named twice appears once.
+    std::vector<std::pair<std::string, std::string>> items;
+};
+
+struct DEVCTRL_API FamilyExport {
+    // Devices in natural order (STRgreater), their packages in package order
+    // (PKGSTRgreater), speeds and conditions in natural order: the orders of
+    // the list queries. Empty when the part table cannot be listed (no
+    // Status column), as the list queries then answer nothing.
+    std::vector<SelectionNode> devices;
+    // The passing parts in natural order.
+    std::vector<ExportedPart> parts;
+};
+
+// Parts pass the family's own filter, as in the list queries.
+DEVCTRL_API FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly);
+
+}  // namespace tarn::vyxpn
