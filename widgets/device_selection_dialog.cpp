@@ -2,6 +2,8 @@
 #include "devctrl/widgets/device_selection_dialog.h"
 
 #include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -17,10 +19,6 @@ DeviceSelectionDialog::DeviceSelectionDialog(QWidget* parent) : QDialog(parent) 
     m_buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     QPushButton* ok = m_buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(false);
-    // Enter in the name or search field selects there; it must not close.
-    ok->setAutoDefault(false);
-    ok->setDefault(false);
-    m_buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_selector, 1);
     layout->addWidget(m_buttons);
@@ -51,6 +49,17 @@ void DeviceSelectionDialog::reject() {
         m_selector->cancelLoad();
     else
         QDialog::reject();
+}
+
+void DeviceSelectionDialog::keyPressEvent(QKeyEvent* event) {
+    // Enter in the part-name or search field acts there; the button box makes
+    // OK the default button, which would otherwise close the dialog too.
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && qobject_cast<QLineEdit*>(focusWidget())) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void DeviceSelectionDialog::accept() {

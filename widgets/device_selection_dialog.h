@@ -7,6 +7,7 @@
 #include <QDialog>
 
 class QDialogButtonBox;
+class QKeyEvent;
 
 namespace devctrl {
 
@@ -24,6 +25,9 @@ class DeviceSelectionDialog : public QDialog {
 
     void accept() override;
     void reject() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     DeviceSelectionWidget* m_selector;

@@ -56,6 +56,10 @@ struct DeviceSelectionWidget::Ui {
     QString initialPart;
     std::string replacement;
     std::string chosen;
+    // While the user types, the field keeps their text; it shows the part's
+    // own spelling once the edit ends.
+    bool typing = false;
+    QString lastResolved;
     bool valid = false;
     QString message;
 
@@ -72,6 +76,7 @@ struct DeviceSelectionWidget::Ui {
     bool applyFields(const std::string& pm, const std::string (&fields)[4]);
     bool choosePart(const std::string& part);
     void partChanged();
+    void setChosen(const std::string& part);
     void revalidate();
     void nameEdited(const QString& typed);
     void nameFinished();
@@ -304,7 +309,10 @@ bool DeviceSelectionWidget::Ui::choosePart(const std::string& part) {
         found = applyFields(pmCode, fields);
     }
     search->setFilters(showObsolete->isChecked(), ascOnly->isChecked());
-    partChanged();
+    // An engineering sample has the fields of its production part, so the
+    // name itself is the choice, not the one the fields build.
+    if (found)
+        setChosen(part);
     return found;
 }
 
@@ -313,7 +321,11 @@ void DeviceSelectionWidget::Ui::partChanged() {
     if (levels[4]->count() > 0)
         part = mngr()->getPartName(pm(), text(levels[1]), text(levels[2]), text(levels[3]),
                                    text(levels[4]));
-    if (!partName->hasFocus() || part != chosen)
+    setChosen(part);
+}
+
+void DeviceSelectionWidget::Ui::setChosen(const std::string& part) {
+    if (!typing)
         partName->setText(QString::fromStdString(part));
     if (part != chosen) {
         chosen = part;
@@ -346,17 +358,22 @@ void DeviceSelectionWidget::Ui::revalidate() {
 void DeviceSelectionWidget::Ui::nameEdited(const QString& typed) {
     const std::string name = typed.trimmed().toStdString();
     const std::string upper = typed.trimmed().toUpper().toStdString();
+    typing = true;
     if (mngr()->exists(name))
         choosePart(name);
     else if (mngr()->exists(upper))
         choosePart(upper);
+    typing = false;
 }
 
 void DeviceSelectionWidget::Ui::nameFinished() {
     const QString typed = partName->text().trimmed();
-    if (typed.isEmpty() || typed.toStdString() == chosen)
+    if (typed.isEmpty() || typed == lastResolved)
         return;
-    q->selectPart(typed);
+    if (q->selectPart(typed)) {
+        partName->setText(QString::fromStdString(chosen));
+        lastResolved = partName->text();
+    }
 }
 
 void DeviceSelectionWidget::Ui::showHint(const QString& html, const std::string& replacementName) {
@@ -422,6 +439,7 @@ QString DeviceSelectionWidget::validationMessage() const {
 bool DeviceSelectionWidget::selectPart(const QString& name) {
     if (!isLoaded())
         return false;
+    m_ui->lastResolved = name.trimmed();
     const PartNameResolution found = resolvePartName(*m_ui->mngr(), name.toStdString());
     const QString typed = name.trimmed().toHtmlEscaped();
     switch (found.kind) {
