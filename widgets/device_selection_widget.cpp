@@ -155,7 +155,7 @@ QWidget* DeviceSelectionWidget::Ui::buildChoicePage() {
     partName->setObjectName("partName");
     partName->setAccessibleName(W::tr("Part name"));
     partName->setPlaceholderText(W::tr("Type or paste a part name"));
-    form->addRow(W::tr("Part &name:"), partName);
+    form->addRow(W::tr("Part na&me:"), partName);
     left->addLayout(form);
 
     nameHint = new QLabel(page);
