@@ -39,7 +39,8 @@ set(DEVCTRL_PUBLIC_HEADERS
     util/quote.h
     util/string_list.h
     util/string_utils.h
-    util/tokenizer.h)
+    util/tokenizer.h
+    util/version.h)
 set(DEVCTRL_PUBLIC_PLATFORM_HEADERS
     base_settings.h
     export.h
@@ -71,5 +72,7 @@ install(FILES ${PROJECT_BINARY_DIR}/devctrlConfig.cmake
               ${PROJECT_BINARY_DIR}/devctrlConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/devctrl)
 
+file(RELATIVE_PATH DEVCTRL_PC_TO_PREFIX "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" DEVCTRL_PC_TO_PREFIX "${DEVCTRL_PC_TO_PREFIX}")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/devctrl.pc.in ${PROJECT_BINARY_DIR}/devctrl.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/devctrl.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

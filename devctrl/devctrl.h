@@ -16,6 +16,7 @@
 #include "devctrl/util/profile.h"
 #include "devctrl/util/string_utils.h"
 #include "devctrl/util/tokenizer.h"
+#include "devctrl/util/version.h"
 
 #include "devctrl/mngr/load_progress.h"
 #include "devctrl/mngr/near_names.h"

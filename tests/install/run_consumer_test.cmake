@@ -17,6 +17,8 @@ foreach(path platform devctrl/sds/part_index.h devctrl/util/profile_lock.h
     endif()
 endforeach()
 file(GLOB_RECURSE pc_files ${WORK_DIR}/prefix/*/devctrl.pc)
+get_filename_component(pc_dir "${pc_files}" DIRECTORY)
+get_filename_component(pc_libdir "${pc_dir}" DIRECTORY)
 file(STRINGS "${pc_files}" cflags REGEX "^Cflags:")
 if(NOT cflags STREQUAL "Cflags: -I\${includedir}")
     message(FATAL_ERROR "devctrl.pc adds more than include/: ${cflags}")
@@ -40,6 +42,34 @@ execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DEVCTRL_DATA_DIR
 message("${out}")
 if(rc)
     message(FATAL_ERROR "the consumer failed: ${rc}")
+endif()
+# A consumer built with nothing but pkg-config, as a Makefile would: the
+# flags must point into the prefix the tree was installed to, not the one it
+# was configured for.
+execute_process(COMMAND ${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${pc_dir}
+                        pkg-config --cflags --libs devctrl
+                OUTPUT_VARIABLE pc_flags OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE rc)
+if(rc)
+    message(FATAL_ERROR "pkg-config does not know the installed devctrl: ${rc}")
+endif()
+string(REGEX MATCH "-I(${WORK_DIR}[^ ]*)" pc_include "${pc_flags}")
+get_filename_component(pc_include "${CMAKE_MATCH_1}" REALPATH)
+get_filename_component(installed_include "${WORK_DIR}/prefix/include" REALPATH)
+if(NOT pc_include STREQUAL installed_include)
+    message(FATAL_ERROR "pkg-config points outside the install prefix: ${pc_flags}")
+endif()
+separate_arguments(pc_flags UNIX_COMMAND "${pc_flags}")
+execute_process(COMMAND ${CXX_COMPILER} -std=c++17 -fPIC ${SOURCE_DIR}/tests/install/consumer/main.cpp
+                        -o ${WORK_DIR}/pkg-config-consumer ${pc_flags}
+                RESULT_VARIABLE rc ERROR_VARIABLE err)
+if(rc)
+    message(FATAL_ERROR "building the consumer through pkg-config failed: ${err}")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DEVCTRL_DATA_DIR
+                        LD_LIBRARY_PATH=${pc_libdir} ${WORK_DIR}/pkg-config-consumer
+                RESULT_VARIABLE rc OUTPUT_QUIET)
+if(rc)
+    message(FATAL_ERROR "the consumer built through pkg-config failed: ${rc}")
 endif()
 # The installed tool finds its library and data too.
 execute_process(COMMAND ${CMAKE_COMMAND} -E env --unset=DEVCTRL_DATA_DIR

@@ -73,19 +73,24 @@ class Command {
     virtual int run(Context& context) = 0;
 };
 
+// Every command, registered once per type. A command object holds the values
+// its options were parsed into, so each command line gets fresh objects: a
+// `devctrl shell` session runs many lines, and one line's --speed must not
+// leak into the next.
 class CommandRegistry {
   public:
-    static bool add(std::unique_ptr<Command> command);
-    // In name order.
-    static std::vector<Command*> all();
+    using Factory = std::unique_ptr<Command> (*)();
+    static bool add(Factory factory);
+    // A fresh object of every command, in name order.
+    static std::vector<std::unique_ptr<Command>> createAll();
 };
 
 }  // namespace devctrl_tool
 
 #define DEVCTRL_CONCAT_INNER(a, b) a##b
 #define DEVCTRL_CONCAT(a, b) DEVCTRL_CONCAT_INNER(a, b)
-#define DEVCTRL_REGISTER_COMMAND(Type)                                  \
-    namespace {                                                         \
-    const bool DEVCTRL_CONCAT(registered_, __LINE__) =                  \
-        ::devctrl_tool::CommandRegistry::add(std::make_unique<Type>()); \
+#define DEVCTRL_REGISTER_COMMAND(Type)                                                          \
+    namespace {                                                                                 \
+    const bool DEVCTRL_CONCAT(registered_, __LINE__) = ::devctrl_tool::CommandRegistry::add(    \
+        []() -> std::unique_ptr<::devctrl_tool::Command> { return std::make_unique<Type>(); }); \
     }

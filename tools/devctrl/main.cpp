@@ -17,18 +17,21 @@
 #include "checked_stdout.h"
 #include "command.h"
 #include "commands/name_lookup.h"
+#include "completion.h"
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
 #include "devctrl/util/quote.h"
+#include "devctrl/util/version.h"
 #include "platform/base_settings.h"
 #include "progress_line.h"
+#include "tool_description.h"
 
 namespace devctrl_tool {
 
 namespace {
-std::map<std::string, std::unique_ptr<Command>>& registry() {
-    static std::map<std::string, std::unique_ptr<Command>> commands;
-    return commands;
+std::vector<CommandRegistry::Factory>& factories() {
+    static std::vector<CommandRegistry::Factory> registered;
+    return registered;
 }
 
 // The family being loaded, for naming it when its data stop the load.
@@ -103,15 +106,17 @@ std::string subjectOf(const CLI::App& command) {
 }
 }  // namespace
 
-bool CommandRegistry::add(std::unique_ptr<Command> command) {
-    auto name = command->name();
-    return registry().emplace(std::move(name), std::move(command)).second;
+bool CommandRegistry::add(Factory factory) {
+    factories().push_back(factory);
+    return true;
 }
 
-std::vector<Command*> CommandRegistry::all() {
-    std::vector<Command*> commands;
-    for (auto& entry : registry())
-        commands.push_back(entry.second.get());
+std::vector<std::unique_ptr<Command>> CommandRegistry::createAll() {
+    std::vector<std::unique_ptr<Command>> commands;
+    for (Factory factory : factories())
+        commands.push_back(factory());
+    std::sort(commands.begin(), commands.end(),
+              [](const auto& a, const auto& b) { return a->name() < b->name(); });
     return commands;
 }
 
@@ -172,63 +177,87 @@ tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
 
 // The first argument that is neither an option nor the value of --data: what
 // the user meant as the command.
-std::string firstWord(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string argument = argv[i];
-        if (argument == "--data")
+std::string firstWord(const std::vector<std::string>& args) {
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        if (args[i] == "--data")
             ++i;
-        else if (!argument.empty() && argument[0] != '-')
-            return argument;
+        else if (!args[i].empty() && args[i][0] != '-')
+            return args[i];
     }
     return "";
 }
 
-}  // namespace devctrl_tool
+// The global options as the help of every command lists them, taken from
+// the top level so that a new global option appears everywhere.
+std::string globalOptionsText(const CLI::App& app) {
+    std::string text = "Global options (before or after the command):\n";
+    for (const CLI::Option* option : app.get_options()) {
+        std::string names = option->get_name(false, true);
+        if (names.find("help") != std::string::npos)
+            continue;
+        if (names == "--version")
+            continue;
+        // Flags have no type name; options that take a value show it.
+        if (!option->get_type_name().empty())
+            names += " " + option->get_type_name();
+        text += "  " + names;
+        text += std::string(names.size() < 22 ? 24 - names.size() : 2, ' ');
+        text += option->get_description() + "\n";
+    }
+    return text;
+}
 
-namespace {
+// Keeps each command's own footer, then adds the global options to it.
+void addGlobalOptionsToHelp(CLI::App& command, const std::string& globals,
+                            std::map<const CLI::App*, std::string>& ownFooters) {
+    const std::string own = command.get_footer();
+    ownFooters[&command] = own;
+    command.footer(own.empty() ? globals : own + "\n\n" + globals);
+    for (CLI::App* nested : command.get_subcommands({}))
+        addGlobalOptionsToHelp(*nested, globals, ownFooters);
+}
 
-int runTool(int argc, char** argv) {
-    using namespace devctrl_tool;
-    CLI::App app{
-        "devctrl: the device catalogue of the tool chain. Lists families, devices, "
-        "packages, speed grades, conditions and parts, reads part settings and "
-        "validates a choice.",
-        "devctrl"};
+ToolDescription::ToolDescription() : app(kToolSummary, "devctrl") {
     app.require_subcommand(1, 1);
     app.fallthrough();
-    std::string dataDir;
-    bool json = false;
-    bool quiet = false;
-    bool verbose = false;
     app.add_option("--data", dataDir,
                    "Data directory of the installation to read (overrides DEVCTRL_DATA_DIR; "
-                   "default: the sample installation)");
+                   "default: the sample installation)")
+        ->type_name("DIR");
     app.add_flag("--json", json, "Print results as JSON");
+    app.set_version_flag("--version", std::string("devctrl ") + tarn::vyxpn::libraryVersion(),
+                         "Print the version and exit");
     app.add_flag("-q,--quiet", quiet, "Do not print the library's load traces");
     app.add_flag("-v,--verbose", verbose,
                  "Also print the load traces of families switched off on purpose "
                  "(PM_ENABLE not true)");
-    app.footer(
-        "Run 'devctrl COMMAND --help' for a command's arguments.\n\n"
-        "Exit status:\n"
-        "  0  done; the answer is yes\n"
-        "  1  the answer is no (exists, validate, check), a name is unknown, the data\n"
-        "     have problems (check-data), or the output could not be written\n"
-        "  2  the command line is wrong\n"
-        "  3  the installation cannot be read, or its data stopped the command\n"
-        "A family whose data are broken is named on standard error and left out;\n"
-        "the others still answer. A reader that closes the pipe early (| head) ends\n"
-        "devctrl quietly, as a broken pipe ends any command.");
-
-    std::map<CLI::App*, Command*> bySubcommand;
-    for (Command* command : CommandRegistry::all()) {
+    commands = CommandRegistry::createAll();
+    const std::string globals = globalOptionsText(app);
+    for (const auto& command : commands) {
         CLI::App* sub = app.add_subcommand(command->name(), command->summary());
         command->configure(*sub);
-        bySubcommand[sub] = command;
+        addGlobalOptionsToHelp(*sub, globals, ownFooters);
+        bySubcommand[sub] = command.get();
     }
+    // Set last, so that no command inherits it.
+    app.footer(std::string("Run 'devctrl COMMAND --help' for a command's arguments.\n\n") +
+               kExitStatusText + "\n" + kEnvironmentText);
+}
 
+int runCommandLine(const std::vector<std::string>& args) {
+    ToolDescription tool;
+    if (!args.empty() && args[0] == "__complete") {
+        // The entry point of the completion scripts: not a command, so that
+        // the words typed so far are never parsed as this call's options.
+        for (const std::string& candidate :
+             completionsFor(tool, std::vector<std::string>(args.begin() + 1, args.end())))
+            std::cout << candidate << '\n';
+        return 0;
+    }
+    CLI::App& app = tool.app;
     try {
-        app.parse(argc, argv);
+        // CLI11 takes the arguments last first.
+        app.parse(std::vector<std::string>(args.rbegin(), args.rend()));
     } catch (const CLI::ParseError& e) {
         if (e.get_exit_code() == 0)
             return app.exit(e);
@@ -236,10 +265,10 @@ int runTool(int argc, char** argv) {
         std::string help = "devctrl";
         for (const CLI::App* sub : app.get_subcommands())
             help += " " + sub->get_name();
-        const std::string unknown = help == "devctrl" ? firstWord(argc, argv) : "";
+        const std::string unknown = help == "devctrl" ? firstWord(args) : "";
         if (!unknown.empty()) {
             NearNames near(unknown);
-            for (const Command* command : CommandRegistry::all())
+            for (const auto& command : tool.commands)
                 near.consider(command->name());
             std::cerr << "devctrl: " << unknownNameMessage("command", unknown, near.best());
         } else {
@@ -249,15 +278,15 @@ int runTool(int argc, char** argv) {
         return 2;
     }
 
-    if (!dataDir.empty())
-        setenv("DEVCTRL_DATA_DIR", dataDir.c_str(), 1);
-    installTraceHandler(quiet);
+    if (!tool.dataDir.empty())
+        setenv("DEVCTRL_DATA_DIR", tool.dataDir.c_str(), 1);
+    installTraceHandler(tool.quiet);
 
-    Output out(json);
+    Output out(tool.json);
     Context context{out, ""};
-    context.verbose = verbose;
+    context.verbose = tool.verbose;
     try {
-        for (auto& [sub, command] : bySubcommand) {
+        for (auto& [sub, command] : tool.bySubcommand) {
             if (!sub->parsed())
                 continue;
             context.subject = subjectOf(*sub);
@@ -289,7 +318,7 @@ int runTool(int argc, char** argv) {
     return 0;
 }
 
-}  // namespace
+}  // namespace devctrl_tool
 
 int main(int argc, char** argv) {
     using namespace devctrl_tool;
@@ -298,7 +327,7 @@ int main(int argc, char** argv) {
     // write error must not end in a success status.
     CheckedStdout checked;
     std::streambuf* previous = std::cout.rdbuf(&checked);
-    int status = runTool(argc, argv);
+    int status = runCommandLine(std::vector<std::string>(argv + 1, argv + argc));
     std::cout.rdbuf(previous);
     const std::string writeError = checked.finish();
     if (!writeError.empty()) {
