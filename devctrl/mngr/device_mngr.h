@@ -77,6 +77,9 @@ class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
     // data; null for an unknown PM or a key without value.
     static char* getValueByKey(const char* pm, const char* key);
     static std::string getDefaultDevice();
+    // Stores `part` as the user's default device, read back by
+    // getDefaultDevice (here and in every other program of the tool chain).
+    static void setDefaultDevice(const std::string& part);
 
     // The loaded family object of a PM, or null.
     TarnSDSFile* getFamilyFile(const std::string& pm) const;

@@ -84,4 +84,9 @@ std::string TarnDeviceMngr::getDefaultDevice() {
     return settings.getDefaultStringSetting(QStringLiteral("Device")).toStdString();
 }
 
+void TarnDeviceMngr::setDefaultDevice(const std::string& part) {
+    BaseSettings settings{QString()};
+    settings.setDefaultStringSetting(QStringLiteral("Device"), QString::fromStdString(part));
+}
+
 }  // namespace tarn::vyxpn
