@@ -10,7 +10,6 @@ directory.
 import gc
 import json
 import os
-import re
 import shutil
 import subprocess
 
@@ -22,23 +21,6 @@ SAMPLE = os.environ.get("DEVCTRL_SAMPLE_DATA") or os.path.join(
     os.path.dirname(__file__), "..", "..", "data")
 TOOL = os.environ.get("DEVCTRL_TOOL") or shutil.which("devctrl")
 GENERATED_PARTS = 4000
-
-
-def _snake(key):
-    """The tool's JSON keys in the package's spelling (shortPackage -> short_package)."""
-    return re.sub(r"(?<=[a-z0-9])([A-Z])", r"_\1", key).lower()
-
-
-def normalized(value, keys_of=None):
-    """`value` with every dict key spelled as the package spells it; the keys
-    in `keys_of` (dicts whose keys are data, such as item names) are kept."""
-    keys_of = keys_of or set()
-    if isinstance(value, dict):
-        return {(k if id(value) in keys_of else _snake(k)): normalized(v, keys_of)
-                for k, v in value.items()}
-    if isinstance(value, list):
-        return [normalized(v, keys_of) for v in value]
-    return value
 
 
 def run_tool(data_dir, *args, check=True):

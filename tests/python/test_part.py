@@ -75,7 +75,7 @@ def test_report_equals_the_tool(sample, sample_dir, name, chips):
     flags = [arg for chip in chips for arg in ("--asc", chip)]
     tool = run_tool(sample_dir, "report", name, *flags)
     rows = sample.part(name).report(asc=chips)
-    assert rows and [list(row) for row in rows] == tool
+    assert rows and [{"item": item, "value": value} for item, value in rows] == tool
 
 
 def test_report_refuses_a_chip_the_part_cannot_link(sample):
