@@ -70,7 +70,7 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device);
+            tarn::vyxpn::requireSelection(mngr, code, device);
             StringList out;
             mngr.getPackages(code, device, out, obsolete, ascOnly);
             return out;
@@ -81,7 +81,7 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device, &package);
+            tarn::vyxpn::requireSelection(mngr, code, device, &package);
             StringList out;
             mngr.getSpeeds(code, device, package, out, obsolete, ascOnly);
             return out;
@@ -92,31 +92,11 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device, &package, &speed);
+            tarn::vyxpn::requireSelection(mngr, code, device, &package, &speed);
             StringList out;
             mngr.getOperations(code, device, package, speed, out, obsolete, ascOnly);
             return out;
         });
-    }
-
-    // Device, then package, then speed against what the PM lists with its
-    // obsolete parts, so a typing error names the level it is at.
-    static void requireSelection(TarnDeviceMngr& mngr, const std::string& pm,
-                                 const std::string& device, const std::string* package = nullptr,
-                                 const std::string* speed = nullptr) {
-        StringList known;
-        mngr.getDevices(pm, known, true, false);
-        tarn::vyxpn::requireListed("device", device, known, pm);
-        if (!package)
-            return;
-        known.clear();
-        mngr.getPackages(pm, device, known, true, false);
-        tarn::vyxpn::requireListed("package", *package, known, pm);
-        if (!speed)
-            return;
-        known.clear();
-        mngr.getSpeeds(pm, device, *package, known, true, false);
-        tarn::vyxpn::requireListed("speed grade", *speed, known, pm);
     }
 };
 
@@ -330,7 +310,7 @@ malformed condition :class:`FilterSyntaxError`.
                     std::string part = mngr.getPartName(code, device, package, speed, condition);
                     if (!part.empty())
                         return part;
-                    Lists::requireSelection(mngr, code, device, &package, &speed);
+                    tarn::vyxpn::requireSelection(mngr, code, device, &package, &speed);
                     StringList known;
                     mngr.getOperations(code, device, package, speed, known, true, false);
                     tarn::vyxpn::requireListed("condition", condition, known, code);

@@ -4,10 +4,10 @@
 #include "catalogue_walk.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
 #include "json_stream.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -36,7 +36,7 @@ class ExportCommand : public Command {
         auto& mngr = context.mngr();
         std::vector<std::string> pms;
         if (!m_pm.empty()) {
-            pms.push_back(resolvePm(mngr, m_pm));
+            pms.push_back(tarn::vyxpn::requireLoadedPm(mngr, m_pm));
         } else {
             for (const auto& entry : mngr.getFamilyFiles())
                 if (entry.second)
