@@ -20,26 +20,12 @@ const std::shared_ptr<Session>& Catalogue::session() const {
 }
 
 CheckResult checkName(const Session& session, const std::string& name) {
-    std::string newName;
-    const int code = callLibrary([&] { return session.mngr().checkDevice(name, newName); });
-    CheckResult check{name, "unknown", code, std::nullopt};
-    switch (code) {
-        case TarnDeviceMngr::DeviceCheckValid:
-            check.result = "valid";
-            check.use = name;
-            break;
-        case TarnDeviceMngr::DeviceCheckUseNewName:
-            check.result = "replaced";
-            check.use = newName;
-            break;
-        case TarnDeviceMngr::DeviceCheckReplacementRecommended:
-            check.result = "not recommended";
-            check.use = newName;
-            break;
-        default:
-            break;
-    }
-    return check;
+    const tarn::vyxpn::NameCheck check =
+        callLibrary([&] { return tarn::vyxpn::checkName(session.mngr(), name); });
+    CheckResult out{name, check.result, check.code, std::nullopt};
+    if (check.result != std::string("unknown"))
+        out.use = check.use;
+    return out;
 }
 
 namespace {
