@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -71,6 +72,16 @@ ExportedPart exportPart(const TarnSDSFile& family, const TarnSDSFileSection& tab
 }
 
 }  // namespace
+
+std::string exportedFieldKey(const std::string& column) {
+    std::string key;
+    for (char c : column) {
+        if (std::isupper(static_cast<unsigned char>(c)) && !key.empty())
+            key += '_';
+        key += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return key;
+}
 
 FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly) {
     const TarnSDSFileSection& table = family.m_genericDevices;

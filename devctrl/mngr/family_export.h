@@ -42,6 +42,10 @@ struct DEVCTRL_API FamilyExport {
     std::vector<ExportedPart> parts;
 };
 
+// The key of a naming column in an exported document, the same in every
+// front-end: "ShortPackage" -> "short_package".
+DEVCTRL_API std::string exportedFieldKey(const std::string& column);
+
 // Parts pass the family's own filter, as in the list queries.
 DEVCTRL_API FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly);
 

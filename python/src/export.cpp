@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Catalogue.export(): the whole catalogue, or one PM, as plain Python data.
 #include <algorithm>
-#include <cctype>
 
 #include "catalogue.h"
 #include "devctrl/mngr/family_export.h"
@@ -13,17 +12,6 @@ namespace devctrl_py {
 namespace {
 
 using tarn::vyxpn::SelectionNode;
-
-// "ShortPackage" -> "short_package": Python's spelling of a column name.
-std::string snakeCase(const std::string& column) {
-    std::string out;
-    for (char c : column) {
-        if (std::isupper(static_cast<unsigned char>(c)) && !out.empty())
-            out += '_';
-        out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return out;
-}
 
 py::list names(const std::vector<SelectionNode>& nodes) {
     py::list out;
@@ -58,7 +46,7 @@ py::dict familyDict(const std::string& family, const tarn::vyxpn::FamilyExport& 
         py::dict entry;
         entry["name"] = part.name;
         for (const auto& [column, value] : part.fields)
-            entry[py::str(snakeCase(column))] = value;
+            entry[py::str(tarn::vyxpn::exportedFieldKey(column))] = value;
         entry["obsolete"] = part.obsolete;
         py::dict items;
         for (const auto& [column, value] : part.items)

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
 
-#include "catalogue_walk.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/family_export.h"
 #include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
+#include "family_json.h"
 #include "json_stream.h"
 
 namespace devctrl_tool {
@@ -14,7 +15,6 @@ namespace {
 
 using tarn::vyxpn::StringList;
 using tarn::vyxpn::TarnDeviceMngr;
-using tarn::vyxpn::TarnSDSFile;
 
 class ExportCommand : public Command {
   public:
@@ -60,12 +60,13 @@ class ExportCommand : public Command {
         bool first = true;
         for (const std::string& pm : pms) {
             context.subject = "PM " + pm;
-            FamilyWalk walk(*mngr.getFamilyFile(pm), m_filters.withObsolete, m_filters.ascOnly);
+            const tarn::vyxpn::FamilyExport data = tarn::vyxpn::exportFamily(
+                *mngr.getFamilyFile(pm), m_filters.withObsolete, m_filters.ascOnly);
             out << (first ? "\n    " : ",\n    ");
             first = false;
             writeJsonString(out, pm);
             out << ": ";
-            walk.write(out, TarnDeviceMngr::basePmToFamily(pm));
+            writeFamilyJson(out, TarnDeviceMngr::basePmToFamily(pm), data);
         }
         out << (first ? "}\n}\n" : "\n  }\n}\n");
         out.flush();
