@@ -7,6 +7,8 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
@@ -72,6 +74,26 @@ ExportedPart exportPart(const TarnSDSFile& family, const TarnSDSFileSection& tab
 }
 
 }  // namespace
+
+ExportScope exportScope(TarnDeviceMngr& mngr, const std::string* pmOrFamily, bool withObsolete,
+                        bool ascOnly) {
+    ExportScope scope;
+    if (pmOrFamily) {
+        scope.pms.push_back(requireLoadedPm(mngr, *pmOrFamily));
+    } else {
+        for (const auto& entry : mngr.getFamilyFiles())
+            if (entry.second)
+                scope.pms.push_back(entry.first);
+    }
+    mngr.getAllFamilies(scope.families, withObsolete, ascOnly);
+    if (pmOrFamily) {
+        const std::string only = TarnDeviceMngr::basePmToFamily(scope.pms.front());
+        scope.families.erase(std::remove_if(scope.families.begin(), scope.families.end(),
+                                            [&](const std::string& f) { return f != only; }),
+                             scope.families.end());
+    }
+    return scope;
+}
 
 std::string exportedFieldKey(const std::string& column) {
     std::string key;

@@ -13,6 +13,7 @@
 
 namespace tarn::vyxpn {
 
+class TarnDeviceMngr;
 class TarnSDSFile;
 
 // One level of the selection tree: a device, a package, a speed or a
@@ -41,6 +42,20 @@ struct DEVCTRL_API FamilyExport {
     // The passing parts in natural order.
     std::vector<ExportedPart> parts;
 };
+
+// What an export covers.
+struct DEVCTRL_API ExportScope {
+    // The PM asked for, or every loaded PM in the manager's order.
+    std::vector<std::string> pms;
+    // The families of those PMs that getAllFamilies lists with the same
+    // filters: those with a passing part, in natural order.
+    std::vector<std::string> families;
+};
+
+// `pmOrFamily` names one PM as requireLoadedPm takes it, and throws as it
+// does; null means every loaded PM.
+DEVCTRL_API ExportScope exportScope(TarnDeviceMngr& mngr, const std::string* pmOrFamily,
+                                    bool withObsolete, bool ascOnly);
 
 // The key of a naming column in an exported document, the same in every
 // front-end: "ShortPackage" -> "short_package".

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Catalogue.export(): the whole catalogue, or one PM, as plain Python data.
-#include <algorithm>
 
 #include "catalogue.h"
 #include "devctrl/mngr/family_export.h"
-#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace devctrl_py {
@@ -65,32 +63,18 @@ py::dict exportCatalogue(const Catalogue& catalogue, const std::optional<std::st
         std::string pm, family;
         tarn::vyxpn::FamilyExport data;
     };
-    tarn::vyxpn::StringList families;
+    tarn::vyxpn::ExportScope scope;
     std::vector<Family> walked;
     callLibrary([&] {
         auto& mngr = session->mngr();
-        std::vector<std::string> pms;
-        if (pm) {
-            pms.push_back(tarn::vyxpn::requireLoadedPm(mngr, *pm));
-        } else {
-            for (const auto& entry : mngr.getFamilyFiles())
-                if (entry.second)
-                    pms.push_back(entry.first);
-        }
-        mngr.getAllFamilies(families, obsolete, ascOnly);
-        if (pm) {
-            const std::string only = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(pms.front());
-            families.erase(std::remove_if(families.begin(), families.end(),
-                                          [&](const std::string& f) { return f != only; }),
-                           families.end());
-        }
-        for (const std::string& code : pms)
+        scope = tarn::vyxpn::exportScope(mngr, pm ? &*pm : nullptr, obsolete, ascOnly);
+        for (const std::string& code : scope.pms)
             walked.push_back(
                 {code, tarn::vyxpn::TarnDeviceMngr::basePmToFamily(code),
                  tarn::vyxpn::exportFamily(*mngr.getFamilyFile(code), obsolete, ascOnly)});
     });
     py::dict out;
-    out["families"] = py::cast(families);
+    out["families"] = py::cast(scope.families);
     py::dict byPm;
     for (const auto& family : walked)
         byPm[py::str(family.pm)] = familyDict(family.family, family.data);

@@ -11,6 +11,7 @@
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/family_export.h"
+#include "devctrl/mngr/near_names.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace {
@@ -76,6 +77,42 @@ TEST(FamilyExport, NamingColumnsAreFieldsAndARepeatedColumnIsOneItem) {
     EXPECT_EQ(part.fields, (Pairs{{"Device", "ZR4"}, {"Package", "BG100"}}));
     EXPECT_EQ(part.items, (Pairs{{"Status", "O"}, {"LUT", "400"}}));
     EXPECT_TRUE(part.obsolete);
+}
+
+// The scope of one PM is that PM and its family, whichever way it is named;
+// the whole catalogue's families are getAllFamilies'.
+TEST(FamilyExport, ScopeOfOnePmOrTheWholeCatalogue) {
+    TarnDeviceMngr mngr;
+    familyWithoutSpeeds(mngr);
+    auto* second = new TarnSDSFile("zr3c00", &mngr);
+    second->m_genericDevices.m_items = {"Device", "Status"};
+    second->m_genericDevices.m_datas["ZT2-X"] = {"ZT2", "O"};
+    mngr.adoptFamilyFile(second);
+    const std::string zr1 = TarnDeviceMngr::basePmToFamily("zr1a00");
+    const std::string zr3 = TarnDeviceMngr::basePmToFamily("zr3c00");
+    if (zr1.empty() || zr3.empty())
+        GTEST_SKIP() << "the families' names come from the sample installation";
+    const struct {
+        const std::string* pm;
+        bool withObsolete;
+        std::vector<std::string> pms, families;
+    } cases[] = {
+        {&zr1, false, {"zr1a00"}, {zr1}},
+        // Only obsolete parts: the family drops out unless they are asked for.
+        {&zr3, false, {"zr3c00"}, {}},
+        {&zr3, true, {"zr3c00"}, {zr3}},
+        {nullptr, false, {"zr1a00", "zr3c00"}, {zr1}},
+        {nullptr, true, {"zr1a00", "zr3c00"}, {zr1, zr3}},
+    };
+    for (const auto& c : cases) {
+        const tarn::vyxpn::ExportScope scope =
+            tarn::vyxpn::exportScope(mngr, c.pm, c.withObsolete, false);
+        EXPECT_EQ(scope.pms, c.pms) << (c.pm ? *c.pm : "all") << c.withObsolete;
+        EXPECT_EQ(scope.families, c.families) << (c.pm ? *c.pm : "all") << c.withObsolete;
+    }
+    const std::string unknown = "ZR9";
+    EXPECT_THROW(tarn::vyxpn::exportScope(mngr, &unknown, true, false),
+                 tarn::vyxpn::UnknownNameError);
 }
 
 TEST(FamilyExport, FieldKeysAreSnakeCase) {
