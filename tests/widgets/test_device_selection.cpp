@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The picker on the sample installation, driven with clicks and keys.
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -308,6 +310,27 @@ class DeviceSelectionTest : public QObject {
         emit message->linkActivated(firstLink(message));
         QCOMPARE(dialog->findChild<QLineEdit*>("search")->text(), QString("LUT>=1000"));
         QVERIFY(results->count() > 0);
+    }
+
+    // At the size it opens with, no control is squeezed below what its text
+    // needs; ctest runs this suite again at 200% scaling.
+    void nothingIsCutOff() {
+        auto dialog = openDialog();
+        for (QWidget* widget : dialog->findChildren<QWidget*>()) {
+            const bool control =
+                qobject_cast<QLabel*>(widget) || qobject_cast<QAbstractButton*>(widget) ||
+                qobject_cast<QComboBox*>(widget) || qobject_cast<QLineEdit*>(widget) ||
+                qobject_cast<QAbstractSpinBox*>(widget);
+            if (!control || !widget->isVisibleTo(dialog.get()))
+                continue;
+            const QSize needed = widget->minimumSizeHint();
+            QVERIFY2(widget->width() >= needed.width() && widget->height() >= needed.height(),
+                     qPrintable(QString("%1 is %2x%3, needs %4x%5")
+                                    .arg(widget->objectName(), QString::number(widget->width()),
+                                         QString::number(widget->height()),
+                                         QString::number(needed.width()),
+                                         QString::number(needed.height()))));
+        }
     }
 
     // Tab reaches every control, and each tells assistive tools its name.

@@ -248,7 +248,10 @@ void addGlobalOptionsToHelp(CLI::App& command, const std::string& globals,
         addGlobalOptionsToHelp(*nested, globals, ownFooters);
 }
 
-ToolDescription::ToolDescription() : app(kToolSummary, "devctrl") {
+ToolDescription::ToolDescription() : ToolDescription(std::vector<std::string>{}) {}
+
+ToolDescription::ToolDescription(const std::vector<std::string>& args)
+    : app(kToolSummary, "devctrl") {
     app.require_subcommand(1, 1);
     app.fallthrough();
     app.add_option("--data", dataDir,
@@ -267,8 +270,14 @@ ToolDescription::ToolDescription() : app(kToolSummary, "devctrl") {
                  "Also print the load traces of families switched off on purpose "
                  "(PM_ENABLE not true)");
     commands = CommandRegistry::createAll();
+    const bool namesACommand =
+        std::any_of(commands.begin(), commands.end(), [&args](const auto& command) {
+            return std::find(args.begin(), args.end(), command->name()) != args.end();
+        });
     const std::string globals = globalOptionsText(app);
     for (const auto& command : commands) {
+        if (namesACommand && std::find(args.begin(), args.end(), command->name()) == args.end())
+            continue;
         CLI::App* sub = app.add_subcommand(command->name(), command->summary());
         command->configure(*sub);
         addGlobalOptionsToHelp(*sub, globals, ownFooters);
@@ -280,15 +289,16 @@ ToolDescription::ToolDescription() : app(kToolSummary, "devctrl") {
 }
 
 int runCommandLine(const std::vector<std::string>& args) {
-    ToolDescription tool;
     if (!args.empty() && args[0] == "__complete") {
         // The entry point of the completion scripts: not a command, so that
         // the words typed so far are never parsed as this call's options.
+        const ToolDescription everything;
         for (const std::string& candidate :
-             completionsFor(tool, std::vector<std::string>(args.begin() + 1, args.end())))
+             completionsFor(everything, std::vector<std::string>(args.begin() + 1, args.end())))
             std::cout << candidate << '\n';
         return 0;
     }
+    ToolDescription tool(args);
     CLI::App& app = tool.app;
     try {
         // CLI11 takes the arguments last first.

@@ -40,7 +40,13 @@ inline constexpr const char* kEnvironmentText =
 // The top-level command line with a fresh object of every command; the
 // options write into the fields below and into the command objects.
 struct ToolDescription {
+    // Every command's command line, for help, the man page and completion.
     ToolDescription();
+    // Only the commands that `args` names, or all when it names none: a word
+    // that is not a command name can never select a command, so the line
+    // parses as with all of them, and a shell session does not pay for
+    // describing every command on every line.
+    explicit ToolDescription(const std::vector<std::string>& args);
     ToolDescription(const ToolDescription&) = delete;
     ToolDescription& operator=(const ToolDescription&) = delete;
 
