@@ -6,6 +6,7 @@
 // made of, for any front-end to write in its own format.
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,14 +24,17 @@ struct DEVCTRL_API SelectionNode {
     std::vector<SelectionNode> children;
 };
 
+// A part as views into the family's part table: valid while the family is
+// loaded and its table is not edited. An export of a large catalogue then
+// copies no cell.
 struct DEVCTRL_API ExportedPart {
-    std::string name;
+    std::string_view name;
     // The naming columns the table has, as (column, value): Device,
     // Package, Speed, Condition, Suffix, ShortPackage, in that order.
-    std::vector<std::pair<std::string, std::string>> fields;
+    std::vector<std::pair<std::string_view, std::string_view>> fields;
     bool obsolete = false;
     // The other columns, in table order; a column named twice appears once.
-    std::vector<std::pair<std::string, std::string>> items;
+    std::vector<std::pair<std::string_view, std::string_view>> items;
 };
 
 struct DEVCTRL_API FamilyExport {
@@ -59,7 +63,7 @@ DEVCTRL_API ExportScope exportScope(TarnDeviceMngr& mngr, const std::string* pmO
 
 // The key of a naming column in an exported document, the same in every
 // front-end: "ShortPackage" -> "short_package".
-DEVCTRL_API std::string exportedFieldKey(const std::string& column);
+DEVCTRL_API std::string exportedFieldKey(std::string_view column);
 
 // Parts pass the family's own filter, as in the list queries.
 DEVCTRL_API FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly);

@@ -48,7 +48,7 @@ py::dict familyDict(const std::string& family, const tarn::vyxpn::FamilyExport& 
         entry["obsolete"] = part.obsolete;
         py::dict items;
         for (const auto& [column, value] : part.items)
-            items[py::str(column)] = value;
+            items[py::str(column.data(), column.size())] = value;
         entry["items"] = items;
         parts.append(entry);
     }

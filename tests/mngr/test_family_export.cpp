@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
@@ -51,7 +52,7 @@ TEST(FamilyExport, TreeStopsAtTheLastNamingColumnInTheListQueriesOrder) {
         mngr.getDevices("zr1a00", devices, withObsolete, false);
         std::vector<std::string> exported;
         for (const auto& part : data.parts)
-            exported.push_back(part.name);
+            exported.emplace_back(part.name);
         EXPECT_EQ(exported, parts) << withObsolete;
         EXPECT_EQ(exported.size(), withObsolete ? 3u : 2u);
         ASSERT_EQ(namesOf(data.devices), devices) << withObsolete;
@@ -73,7 +74,7 @@ TEST(FamilyExport, NamingColumnsAreFieldsAndARepeatedColumnIsOneItem) {
                                        [](const auto& part) { return part.name == "ZR4-BG100"; });
     ASSERT_NE(obsolete, data.parts.end());
     const tarn::vyxpn::ExportedPart& part = *obsolete;
-    using Pairs = std::vector<std::pair<std::string, std::string>>;
+    using Pairs = std::vector<std::pair<std::string_view, std::string_view>>;
     EXPECT_EQ(part.fields, (Pairs{{"Device", "ZR4"}, {"Package", "BG100"}}));
     EXPECT_EQ(part.items, (Pairs{{"Status", "O"}, {"LUT", "400"}}));
     EXPECT_TRUE(part.obsolete);
