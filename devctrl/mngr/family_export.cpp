@@ -3,9 +3,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/name_columns.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/comparators.h"
@@ -52,25 +55,74 @@ std::vector<SelectionNode> finish(Gathering& level, int depth) {
     return nodes;
 }
 
+// Which columns of the part table an exported part shows, worked out once
+// per table: the naming columns it has, and the first column of each other
+// name.
+struct ExportedColumns {
+    std::vector<std::size_t> fields;
+    std::vector<std::size_t> items;
+
+    explicit ExportedColumns(const TarnSDSFileSection& table) {
+        for (const char* column : kFieldColumns) {
+            const int index = table.columnOf(column);
+            if (index >= 0)
+                fields.push_back(static_cast<std::size_t>(index));
+        }
+        std::unordered_set<std::string_view> seen;
+        for (std::size_t i = 0; i < table.m_items.size(); ++i)
+            if (!isFieldColumn(table.m_items[i]) && seen.insert(table.m_items[i]).second)
+                items.push_back(i);
+    }
+};
+
 ExportedPart exportPart(const TarnSDSFile& family, const TarnSDSFileSection& table,
-                        const std::string& part, const std::vector<std::string>& row) {
+                        const ExportedColumns& columns, const std::string& part,
+                        const std::vector<std::string>& row) {
     ExportedPart out;
     out.name = part;
-    for (const char* column : kFieldColumns) {
-        const int index = table.columnOf(column);
-        if (index >= 0 && static_cast<std::size_t>(index) < row.size())
-            out.fields.emplace_back(column, row[index]);
-    }
+    out.fields.reserve(columns.fields.size());
+    for (std::size_t index : columns.fields)
+        if (index < row.size())
+            out.fields.emplace_back(table.m_items[index], row[index]);
     out.obsolete = family.isObsDevice(part);
-    std::unordered_set<std::string> seen;
-    const auto& columns = table.m_items;
-    for (std::size_t i = 0; i < columns.size() && i < row.size(); ++i)
-        if (!isFieldColumn(columns[i]) && seen.insert(columns[i]).second)
-            out.items.emplace_back(columns[i], row[i]);
+    out.items.reserve(columns.items.size());
+    for (std::size_t index : columns.items)
+        if (index < row.size())
+            out.items.emplace_back(table.m_items[index], row[index]);
     return out;
 }
 
 }  // namespace
+
+ExportScope exportScope(TarnDeviceMngr& mngr, const std::string* pmOrFamily, bool withObsolete,
+                        bool ascOnly) {
+    ExportScope scope;
+    if (pmOrFamily) {
+        scope.pms.push_back(requireLoadedPm(mngr, *pmOrFamily));
+    } else {
+        for (const auto& entry : mngr.getFamilyFiles())
+            if (entry.second)
+                scope.pms.push_back(entry.first);
+    }
+    mngr.getAllFamilies(scope.families, withObsolete, ascOnly);
+    if (pmOrFamily) {
+        const std::string only = TarnDeviceMngr::basePmToFamily(scope.pms.front());
+        scope.families.erase(std::remove_if(scope.families.begin(), scope.families.end(),
+                                            [&](const std::string& f) { return f != only; }),
+                             scope.families.end());
+    }
+    return scope;
+}
+
+std::string exportedFieldKey(std::string_view column) {
+    std::string key;
+    for (char c : column) {
+        if (std::isupper(static_cast<unsigned char>(c)) && !key.empty())
+            key += '_';
+        key += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return key;
+}
 
 FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly) {
     const TarnSDSFileSection& table = family.m_genericDevices;
@@ -98,9 +150,10 @@ FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool asc
     out.devices = finish(tree, 0);
     std::stable_sort(passing.begin(), passing.end(),
                      [](const auto* a, const auto* b) { return STRgreater(a->first, b->first); });
+    const ExportedColumns exported(table);
     out.parts.reserve(passing.size());
     for (const auto* entry : passing)
-        out.parts.push_back(exportPart(family, table, entry->first, entry->second));
+        out.parts.push_back(exportPart(family, table, exported, entry->first, entry->second));
     return out;
 }
 

@@ -6,6 +6,7 @@
 // made of, for any front-end to write in its own format.
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,6 +14,7 @@
 
 namespace tarn::vyxpn {
 
+class TarnDeviceMngr;
 class TarnSDSFile;
 
 // One level of the selection tree: a device, a package, a speed or a
@@ -22,14 +24,17 @@ struct DEVCTRL_API SelectionNode {
     std::vector<SelectionNode> children;
 };
 
+// A part as views into the family's part table: valid while the family is
+// loaded and its table is not edited. An export of a large catalogue then
+// copies no cell.
 struct DEVCTRL_API ExportedPart {
-    std::string name;
+    std::string_view name;
     // The naming columns the table has, as (column, value): Device,
     // Package, Speed, Condition, Suffix, ShortPackage, in that order.
-    std::vector<std::pair<std::string, std::string>> fields;
+    std::vector<std::pair<std::string_view, std::string_view>> fields;
     bool obsolete = false;
     // The other columns, in table order; a column named twice appears once.
-    std::vector<std::pair<std::string, std::string>> items;
+    std::vector<std::pair<std::string_view, std::string_view>> items;
 };
 
 struct DEVCTRL_API FamilyExport {
@@ -41,6 +46,24 @@ struct DEVCTRL_API FamilyExport {
     // The passing parts in natural order.
     std::vector<ExportedPart> parts;
 };
+
+// What an export covers.
+struct DEVCTRL_API ExportScope {
+    // The PM asked for, or every loaded PM in the manager's order.
+    std::vector<std::string> pms;
+    // The families of those PMs that getAllFamilies lists with the same
+    // filters: those with a passing part, in natural order.
+    std::vector<std::string> families;
+};
+
+// `pmOrFamily` names one PM as requireLoadedPm takes it, and throws as it
+// does; null means every loaded PM.
+DEVCTRL_API ExportScope exportScope(TarnDeviceMngr& mngr, const std::string* pmOrFamily,
+                                    bool withObsolete, bool ascOnly);
+
+// The key of a naming column in an exported document, the same in every
+// front-end: "ShortPackage" -> "short_package".
+DEVCTRL_API std::string exportedFieldKey(std::string_view column);
 
 // Parts pass the family's own filter, as in the list queries.
 DEVCTRL_API FamilyExport exportFamily(const TarnSDSFile& family, bool withObsolete, bool ascOnly);

@@ -2,7 +2,6 @@
 #include "devctrl/mngr/known_names.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/near_names.h"
@@ -18,14 +17,14 @@ std::string requireLoadedPm(TarnDeviceMngr& mngr, const std::string& pmOrFamily)
     if (!pm.empty()) {
         if (mngr.getFamilyFile(pm))
             return pm;
-        throw std::runtime_error("family " + util::quotedForMessage(pmOrFamily) + " (PM " +
-                                 util::escapedForMessage(pm) + ") is installed but did not load");
+        throw FamilyNotLoadedError("family " + util::quotedForMessage(pmOrFamily) + " (PM " +
+                                   util::escapedForMessage(pm) + ") is installed but did not load");
     }
     StringList installed;
     TarnDeviceMngr::baseGetAllPMs(installed);
     if (std::find(installed.begin(), installed.end(), pmOrFamily) != installed.end())
-        throw std::runtime_error("PM " + util::quotedForMessage(pmOrFamily) +
-                                 " is installed but did not load");
+        throw FamilyNotLoadedError("PM " + util::quotedForMessage(pmOrFamily) +
+                                   " is installed but did not load");
     NearNames near(pmOrFamily);
     for (const auto& entry : mngr.getFamilyFiles()) {
         near.consider(entry.first);
@@ -55,6 +54,23 @@ void requireListed(const std::string& kind, const std::string& name,
     for (const std::string& candidate : known)
         near.consider(candidate);
     throw UnknownNameError(kind, name, near.best(), where);
+}
+
+void requireSelection(TarnDeviceMngr& mngr, const std::string& pm, const std::string& device,
+                      const std::string* package, const std::string* speed) {
+    StringList known;
+    mngr.getDevices(pm, known, true, false);
+    requireListed("device", device, known, pm);
+    if (!package)
+        return;
+    known.clear();
+    mngr.getPackages(pm, device, known, true, false);
+    requireListed("package", *package, known, pm);
+    if (!speed)
+        return;
+    known.clear();
+    mngr.getSpeeds(pm, device, *package, known, true, false);
+    requireListed("speed grade", *speed, known, pm);
 }
 
 }  // namespace tarn::vyxpn

@@ -20,26 +20,12 @@ const std::shared_ptr<Session>& Catalogue::session() const {
 }
 
 CheckResult checkName(const Session& session, const std::string& name) {
-    std::string newName;
-    const int code = callLibrary([&] { return session.mngr().checkDevice(name, newName); });
-    CheckResult check{name, "unknown", code, std::nullopt};
-    switch (code) {
-        case TarnDeviceMngr::DeviceCheckValid:
-            check.result = "valid";
-            check.use = name;
-            break;
-        case TarnDeviceMngr::DeviceCheckUseNewName:
-            check.result = "replaced";
-            check.use = newName;
-            break;
-        case TarnDeviceMngr::DeviceCheckReplacementRecommended:
-            check.result = "not recommended";
-            check.use = newName;
-            break;
-        default:
-            break;
-    }
-    return check;
+    const tarn::vyxpn::NameCheck check =
+        callLibrary([&] { return tarn::vyxpn::checkName(session.mngr(), name); });
+    CheckResult out{name, check.result, check.code, std::nullopt};
+    if (check.result != std::string("unknown"))
+        out.use = check.use;
+    return out;
 }
 
 namespace {
@@ -70,7 +56,7 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device);
+            tarn::vyxpn::requireSelection(mngr, code, device);
             StringList out;
             mngr.getPackages(code, device, out, obsolete, ascOnly);
             return out;
@@ -81,7 +67,7 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device, &package);
+            tarn::vyxpn::requireSelection(mngr, code, device, &package);
             StringList out;
             mngr.getSpeeds(code, device, package, out, obsolete, ascOnly);
             return out;
@@ -92,31 +78,11 @@ struct Lists {
         return callLibrary([&] {
             auto& mngr = session.mngr();
             const std::string code = tarn::vyxpn::requireLoadedPm(mngr, pm);
-            requireSelection(mngr, code, device, &package, &speed);
+            tarn::vyxpn::requireSelection(mngr, code, device, &package, &speed);
             StringList out;
             mngr.getOperations(code, device, package, speed, out, obsolete, ascOnly);
             return out;
         });
-    }
-
-    // Device, then package, then speed against what the PM lists with its
-    // obsolete parts, so a typing error names the level it is at.
-    static void requireSelection(TarnDeviceMngr& mngr, const std::string& pm,
-                                 const std::string& device, const std::string* package = nullptr,
-                                 const std::string* speed = nullptr) {
-        StringList known;
-        mngr.getDevices(pm, known, true, false);
-        tarn::vyxpn::requireListed("device", device, known, pm);
-        if (!package)
-            return;
-        known.clear();
-        mngr.getPackages(pm, device, known, true, false);
-        tarn::vyxpn::requireListed("package", *package, known, pm);
-        if (!speed)
-            return;
-        known.clear();
-        mngr.getSpeeds(pm, device, *package, known, true, false);
-        tarn::vyxpn::requireListed("speed grade", *speed, known, pm);
     }
 };
 
@@ -330,7 +296,7 @@ malformed condition :class:`FilterSyntaxError`.
                     std::string part = mngr.getPartName(code, device, package, speed, condition);
                     if (!part.empty())
                         return part;
-                    Lists::requireSelection(mngr, code, device, &package, &speed);
+                    tarn::vyxpn::requireSelection(mngr, code, device, &package, &speed);
                     StringList known;
                     mngr.getOperations(code, device, package, speed, known, true, false);
                     tarn::vyxpn::requireListed("condition", condition, known, code);

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Catalogue.export(): the whole catalogue, or one PM, as plain Python data.
-#include <algorithm>
-#include <cctype>
 
 #include "catalogue.h"
 #include "devctrl/mngr/family_export.h"
-#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 
 namespace devctrl_py {
@@ -13,17 +10,6 @@ namespace devctrl_py {
 namespace {
 
 using tarn::vyxpn::SelectionNode;
-
-// "ShortPackage" -> "short_package": Python's spelling of a column name.
-std::string snakeCase(const std::string& column) {
-    std::string out;
-    for (char c : column) {
-        if (std::isupper(static_cast<unsigned char>(c)) && !out.empty())
-            out += '_';
-        out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return out;
-}
 
 py::list names(const std::vector<SelectionNode>& nodes) {
     py::list out;
@@ -58,11 +44,11 @@ py::dict familyDict(const std::string& family, const tarn::vyxpn::FamilyExport& 
         py::dict entry;
         entry["name"] = part.name;
         for (const auto& [column, value] : part.fields)
-            entry[py::str(snakeCase(column))] = value;
+            entry[py::str(tarn::vyxpn::exportedFieldKey(column))] = value;
         entry["obsolete"] = part.obsolete;
         py::dict items;
         for (const auto& [column, value] : part.items)
-            items[py::str(column)] = value;
+            items[py::str(column.data(), column.size())] = value;
         entry["items"] = items;
         parts.append(entry);
     }
@@ -77,32 +63,18 @@ py::dict exportCatalogue(const Catalogue& catalogue, const std::optional<std::st
         std::string pm, family;
         tarn::vyxpn::FamilyExport data;
     };
-    tarn::vyxpn::StringList families;
+    tarn::vyxpn::ExportScope scope;
     std::vector<Family> walked;
     callLibrary([&] {
         auto& mngr = session->mngr();
-        std::vector<std::string> pms;
-        if (pm) {
-            pms.push_back(tarn::vyxpn::requireLoadedPm(mngr, *pm));
-        } else {
-            for (const auto& entry : mngr.getFamilyFiles())
-                if (entry.second)
-                    pms.push_back(entry.first);
-        }
-        mngr.getAllFamilies(families, obsolete, ascOnly);
-        if (pm) {
-            const std::string only = tarn::vyxpn::TarnDeviceMngr::basePmToFamily(pms.front());
-            families.erase(std::remove_if(families.begin(), families.end(),
-                                          [&](const std::string& f) { return f != only; }),
-                           families.end());
-        }
-        for (const std::string& code : pms)
+        scope = tarn::vyxpn::exportScope(mngr, pm ? &*pm : nullptr, obsolete, ascOnly);
+        for (const std::string& code : scope.pms)
             walked.push_back(
                 {code, tarn::vyxpn::TarnDeviceMngr::basePmToFamily(code),
                  tarn::vyxpn::exportFamily(*mngr.getFamilyFile(code), obsolete, ascOnly)});
     });
     py::dict out;
-    out["families"] = py::cast(families);
+    out["families"] = py::cast(scope.families);
     py::dict byPm;
     for (const auto& family : walked)
         byPm[py::str(family.pm)] = familyDict(family.family, family.data);

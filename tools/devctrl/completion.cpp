@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "commands/name_lookup.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "platform/ut_trace.h"
 #include "tool_description.h"
 
@@ -91,7 +91,7 @@ StringList namesFor(const std::string& kind, const std::vector<std::string>& bef
     if (!mngr)
         return names;
     try {
-        const std::string pm = resolvePm(*mngr, before[0]);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(*mngr, before[0]);
         if (kind == "DEVICE")
             mngr->getDevices(pm, names, true, false);
         else if (kind == "PACKAGE" && before.size() >= 2)

@@ -16,10 +16,11 @@
 
 #include "checked_stdout.h"
 #include "command.h"
-#include "commands/name_lookup.h"
 #include "completion.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/mngr/load_progress.h"
+#include "devctrl/mngr/near_names.h"
 #include "devctrl/util/quote.h"
 #include "devctrl/util/version.h"
 #include "platform/base_settings.h"
@@ -312,11 +313,11 @@ int runCommandLine(const std::vector<std::string>& args) {
             help += " " + sub->get_name();
         const std::string unknown = help == "devctrl" ? firstWord(args) : "";
         if (!unknown.empty()) {
-            NearNames near(unknown);
+            tarn::vyxpn::NearNames near(unknown);
             for (const auto& command : tool.commands)
                 near.consider(command->name());
-            return error(unknownNameMessage("command", unknown, near.best()) + " (see '" + help +
-                             " --help')",
+            return error(tarn::vyxpn::unknownNameMessage("command", unknown, near.best()) +
+                             " (see '" + help + " --help')",
                          2);
         }
         return error(
@@ -346,6 +347,12 @@ int runCommandLine(const std::vector<std::string>& args) {
         }
     } catch (const ToolError& e) {
         return error(e.what(), e.status());
+    } catch (const tarn::vyxpn::UnknownNameError& e) {
+        // A name typed wrong: the user's to fix, with the nearest names.
+        return error(e.what(), 1);
+    } catch (const tarn::vyxpn::FamilyNotLoadedError& e) {
+        // The load failure itself was named on standard error already.
+        return error(e.what(), 1);
     } catch (const tarn::vyxpn::DataError& e) {
         // The error names its file, key and record; the family is added.
         return error((context.subject.empty()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/name_translation.h"
 
 namespace devctrl_tool {
 namespace {
@@ -20,33 +21,13 @@ class CheckCommand : public Command {
             "status 1 for an unknown name, otherwise 0.");
     }
     int run(Context& context) override {
-        std::string newName;
-        using tarn::vyxpn::TarnDeviceMngr;
-        const int result = context.mngr().checkDevice(m_name, newName);
-        std::string verdict;
-        std::string use;
-        switch (result) {
-            case TarnDeviceMngr::DeviceCheckValid:
-                verdict = "valid";
-                use = m_name;
-                break;
-            case TarnDeviceMngr::DeviceCheckUseNewName:
-                verdict = "replaced";
-                use = newName;
-                break;
-            case TarnDeviceMngr::DeviceCheckReplacementRecommended:
-                verdict = "not recommended";
-                use = newName;
-                break;
-            default:
-                verdict = "unknown";
-                break;
-        }
-        std::vector<Field> fields{{"name", qs(m_name)}, {"result", qs(verdict)}, {"code", result}};
-        if (!use.empty())
-            fields.push_back({"use", qs(use)});
+        const tarn::vyxpn::NameCheck check = tarn::vyxpn::checkName(context.mngr(), m_name);
+        std::vector<Field> fields{
+            {"name", qs(m_name)}, {"result", qs(check.result)}, {"code", check.code}};
+        if (!check.use.empty())
+            fields.push_back({"use", qs(check.use)});
         context.out.record(fields);
-        return result == TarnDeviceMngr::DeviceCheckUnknown ? 1 : 0;
+        return check.code == tarn::vyxpn::TarnDeviceMngr::DeviceCheckUnknown ? 1 : 0;
     }
 
   private:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
-#include "name_lookup.h"
+#include "devctrl/mngr/known_names.h"
 
 namespace devctrl_tool {
 namespace {
@@ -17,7 +17,7 @@ class DevicesCommand : public Command {
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         tarn::vyxpn::StringList devices;
         mngr.getDevices(pm, devices, m_filters.withObsolete, m_filters.ascOnly);
         context.out.list(devices, "device");

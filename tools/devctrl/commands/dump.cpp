@@ -3,8 +3,8 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -54,7 +54,7 @@ class DumpCommand : public Command {
     bool tabular() const override { return false; }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         if (context.out.json()) {
             context.out.print(familyJson(*mngr.getFamilyFile(pm)), "");
             return 0;

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
 
-#include "catalogue_walk.h"
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
-#include "devctrl/sds/sds_file.h"
-#include "devctrl/util/comparators.h"
+#include "devctrl/mngr/family_export.h"
+#include "family_json.h"
 #include "json_stream.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
 
-using tarn::vyxpn::StringList;
 using tarn::vyxpn::TarnDeviceMngr;
-using tarn::vyxpn::TarnSDSFile;
 
 class ExportCommand : public Command {
   public:
@@ -34,38 +30,23 @@ class ExportCommand : public Command {
     bool tabular() const override { return false; }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        std::vector<std::string> pms;
-        if (!m_pm.empty()) {
-            pms.push_back(resolvePm(mngr, m_pm));
-        } else {
-            for (const auto& entry : mngr.getFamilyFiles())
-                if (entry.second)
-                    pms.push_back(entry.first);
-        }
-
-        // Families first, as getAllFamilies lists them: those with a passing part.
-        StringList families;
-        for (const std::string& pm : pms) {
-            const std::string family = TarnDeviceMngr::basePmToFamily(pm);
-            if (!family.empty() &&
-                mngr.getFamilyFile(pm)->anyPartPasses(m_filters.withObsolete, m_filters.ascOnly))
-                families.push_back(family);
-        }
-        tarn::vyxpn::sortNatural(families);
+        const tarn::vyxpn::ExportScope scope = tarn::vyxpn::exportScope(
+            mngr, m_pm.empty() ? nullptr : &m_pm, m_filters.withObsolete, m_filters.ascOnly);
 
         std::ostream& out = std::cout;
         out << "{\n  \"families\": ";
-        writeJsonList(out, families);
+        writeJsonList(out, scope.families);
         out << ",\n  \"pms\": {";
         bool first = true;
-        for (const std::string& pm : pms) {
+        for (const std::string& pm : scope.pms) {
             context.subject = "PM " + pm;
-            FamilyWalk walk(*mngr.getFamilyFile(pm), m_filters.withObsolete, m_filters.ascOnly);
+            const tarn::vyxpn::FamilyExport data = tarn::vyxpn::exportFamily(
+                *mngr.getFamilyFile(pm), m_filters.withObsolete, m_filters.ascOnly);
             out << (first ? "\n    " : ",\n    ");
             first = false;
             writeJsonString(out, pm);
             out << ": ";
-            walk.write(out, TarnDeviceMngr::basePmToFamily(pm));
+            writeFamilyJson(out, TarnDeviceMngr::basePmToFamily(pm), data);
         }
         out << (first ? "}\n}\n" : "\n  }\n}\n");
         out.flush();

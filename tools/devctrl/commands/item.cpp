@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/item_source.h"
 #include "devctrl/sds/sds_file.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -25,11 +25,11 @@ class ItemCommand : public Command {
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        requireKnownPart(mngr, m_part);
+        tarn::vyxpn::requireKnownPart(mngr, m_part);
         // An item no table of the part's family names is a typing error,
         // unless --default says what its absence means.
         if (m_defaultGiven->count() == 0)
-            requireListed("item", m_item, itemNames(mngr), "part " + m_part);
+            tarn::vyxpn::requireListed("item", m_item, itemNames(mngr), "part " + m_part);
         context.out.value(mngr.getItemValue(m_item, m_part, m_default));
         return 0;
     }

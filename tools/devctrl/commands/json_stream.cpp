@@ -7,7 +7,7 @@
 
 namespace devctrl_tool {
 
-void writeJsonString(std::ostream& out, const std::string& text) {
+void writeJsonString(std::ostream& out, std::string_view text) {
     // Printable ASCII without quote or backslash is its own JSON text; that
     // shortcut keeps large documents fast. Anything else goes through the
     // tool's JSON writer.
@@ -17,7 +17,7 @@ void writeJsonString(std::ostream& out, const std::string& text) {
     if (plain)
         out << '"' << text << '"';
     else
-        out << toJsonText(qs(text));
+        out << toJsonText(qs(std::string(text)));
 }
 
 void writeJsonList(std::ostream& out, const std::vector<std::string>& list) {

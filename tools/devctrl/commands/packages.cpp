@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
-#include "name_lookup.h"
+#include "devctrl/mngr/known_names.h"
 
 namespace devctrl_tool {
 namespace {
@@ -22,8 +22,8 @@ class PackagesCommand : public Command {
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
-        requireSelection(mngr, pm, m_device);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
+        tarn::vyxpn::requireSelection(mngr, pm, m_device);
         tarn::vyxpn::StringList packages;
         mngr.getPackages(pm, m_device, packages, m_filters.withObsolete, m_filters.ascOnly);
         context.out.list(packages, "package");

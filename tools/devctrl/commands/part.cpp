@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/mngr/part_items.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -26,7 +26,7 @@ class PartCommand : public Command {
     int run(Context& context) override {
         using tarn::vyxpn::TarnDeviceMngr;
         auto& mngr = context.mngr();
-        requireKnownPart(mngr, m_part);
+        tarn::vyxpn::requireKnownPart(mngr, m_part);
         std::string pm, device, package, speed, condition;
         mngr.getNameByPart(m_part, pm, device, package, speed, condition);
         const std::vector<Field> fields{{"part", qs(m_part)},

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -30,7 +30,7 @@ class PartNameCommand : public Command {
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         // The part table holds condition words; a letter is a shorthand for one.
         std::string condition = m_condition;
         if (condition.size() == 1)

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/mngr/near_names.h"
 #include "devctrl/mngr/part_filter.h"
 #include "devctrl/mngr/part_search.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
 #include "devctrl/util/string_utils.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -63,7 +63,7 @@ class PartsCommand : public Command {
     }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         const std::string condition = m_condition.empty() ? "" : conditionWord(m_condition);
         const tarn::vyxpn::TarnSDSFile& file = *mngr.getFamilyFile(pm);
 
@@ -81,8 +81,6 @@ class PartsCommand : public Command {
                     continue;
                 selected.push_back(std::move(part.name));
             }
-        } catch (const tarn::vyxpn::UnknownNameError& e) {
-            throw ToolError(e.what());
         } catch (const tarn::vyxpn::PartFilterSyntaxError& e) {
             throw ToolError(e.what(), 2);
         }

@@ -2,8 +2,8 @@
 #include <iostream>
 
 #include "command.h"
+#include "devctrl/mngr/near_names.h"
 #include "embedded_schemas.h"
-#include "name_lookup.h"
 
 namespace devctrl_tool {
 namespace {
@@ -35,7 +35,7 @@ class SchemaCommand : public Command {
             context.out.list(names, "schema");
             return 0;
         }
-        NearNames near(m_command);
+        tarn::vyxpn::NearNames near(m_command);
         for (const EmbeddedSchema& entry : embeddedSchemas()) {
             if (m_command == entry.name) {
                 std::cout << entry.text;
@@ -43,7 +43,7 @@ class SchemaCommand : public Command {
             }
             near.consider(entry.name);
         }
-        throw ToolError(unknownNameMessage("schema", m_command, near.best()) +
+        throw ToolError(tarn::vyxpn::unknownNameMessage("schema", m_command, near.best()) +
                         " (see 'devctrl schema')");
     }
 

@@ -1,22 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/name_translation.h"
 
 namespace devctrl_tool {
 namespace {
-
-const char* meaningOf(int code) {
-    switch (code) {
-        case 1:
-            return "renamed";
-        case 2:
-            return "migrated";
-        case 3:
-            return "not recommended";
-        default:
-            return "no translation";
-    }
-}
 
 class TranslateCommand : public Command {
   public:
@@ -39,8 +27,10 @@ class TranslateCommand : public Command {
         int code = context.mngr().getNewFormatDeviceName(m_name, newName);
         if (code == 0)
             newName.clear();
-        QJsonObject json{{"code", code}, {"meaning", meaningOf(code)}, {"new_name", qs(newName)}};
-        std::string text = std::to_string(code) + " " + meaningOf(code);
+        QJsonObject json{{"code", code},
+                         {"meaning", tarn::vyxpn::nameTranslationMeaning(code)},
+                         {"new_name", qs(newName)}};
+        std::string text = std::to_string(code) + " " + tarn::vyxpn::nameTranslationMeaning(code);
         if (!newName.empty())
             text += " " + newName;
         context.out.print(json, text + "\n");

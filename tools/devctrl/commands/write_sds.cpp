@@ -3,9 +3,9 @@
 
 #include "command.h"
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/known_names.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
-#include "name_lookup.h"
 #include "output_file.h"
 
 namespace devctrl_tool {
@@ -29,7 +29,7 @@ class WriteSdsCommand : public Command {
     bool tabular() const override { return false; }
     int run(Context& context) override {
         auto& mngr = context.mngr();
-        const std::string pm = resolvePm(mngr, m_pm);
+        const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         if (isStandardOutput(m_file)) {
             const tarn::vyxpn::TarnSDSFile* family = mngr.getFamilyFile(pm);
             if (!family)
