@@ -25,6 +25,13 @@ const std::vector<std::string>& formatNames() {
     return names;
 }
 
+std::string formatName(Format format) {
+    for (const std::string& name : formatNames())
+        if (parseFormat(name) == format)
+            return name;
+    return "lines";
+}
+
 QString qs(const std::string& text) {
     return QString::fromStdString(text);
 }

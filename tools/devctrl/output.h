@@ -18,6 +18,8 @@ enum class Format { Lines, Table, Csv, Json };
 // "lines", "table", "csv", "json"; nullopt for anything else.
 std::optional<Format> parseFormat(const std::string& name);
 const std::vector<std::string>& formatNames();
+// The name --format takes for `format`.
+std::string formatName(Format format);
 
 QJsonArray toJsonArray(const std::vector<std::string>& list);
 QString qs(const std::string& text);

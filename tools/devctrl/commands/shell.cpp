@@ -89,7 +89,8 @@ class ShellCommand : public Command {
             "what the command alone prints. With --json every line gets exactly one line of "
             "output: its JSON document, or null when it printed nothing. Errors go to standard "
             "error as 'devctrl: line N: message' and the session goes on. --data cannot change "
-            "inside a session.\n\n"
+            "inside a session. --json or --format given before shell holds for every line that "
+            "does not choose its own.\n\n"
             "Exit status: 0 when every line exited 0, else the highest status of a line (so 1 "
             "also when an exists, check or validate line answered no).\n\n"
             "Example: printf 'part ZR12-6BG100C\\nexists ZR4-6QF48C\\n' | devctrl --json shell");
@@ -136,8 +137,14 @@ class ShellCommand : public Command {
             if (word == "shell")
                 return refuse(context, lineNumber, "a shell cannot start inside a shell");
         }
-        if (context.out.json() && std::find(words.begin(), words.end(), "--json") == words.end())
-            words.push_back("--json");
+        // The session's format is every line's, unless the line chooses one.
+        const bool choosesFormat = std::any_of(words.begin(), words.end(), [](const auto& word) {
+            return word == "--json" || word == "--format" || word.rfind("--format=", 0) == 0;
+        });
+        if (!choosesFormat && context.out.format() != Format::Lines) {
+            words.push_back("--format");
+            words.push_back(formatName(context.out.format()));
+        }
         const LineResult result = runCaptured(words);
         if (context.out.json())
             std::cout << oneLineJson(result.out) << '\n';
