@@ -7,11 +7,10 @@
 
 #include <cerrno>
 #include <cstring>
-#include <mutex>
-#include <set>
 
 #include "platform/ut_quote.h"
 #include "platform/ut_trace.h"
+#include "platform/ut_trace_recording.h"
 
 namespace tarn::vyxpn::platform {
 
@@ -132,14 +131,7 @@ bool DataFile::openOrTrace() const {
 }
 
 void DataFile::trace() const {
-    static std::mutex guard;
-    static std::set<std::string> reported;
-    {
-        std::lock_guard<std::mutex> lock(guard);
-        if (!reported.insert(m_failure).second)
-            return;
-    }
-    diagTrace(m_failure.c_str(), nullptr);
+    diagTraceOnce(m_failure.c_str());
 }
 
 }  // namespace tarn::vyxpn::platform

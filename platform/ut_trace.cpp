@@ -2,11 +2,16 @@
 #include "platform/ut_trace.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstring>
+#include <mutex>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "platform/ut_trace_recording.h"
 
 namespace {
 
@@ -22,8 +27,10 @@ GuiMsgHandler& guiMsgHandler() {
     return handler;
 }
 
-std::size_t& tracesPerFile() {
-    static std::size_t limit = 5;
+// Atomic because helper threads that load families read it while a host's
+// thread may set it.
+std::atomic<std::size_t>& tracesPerFile() {
+    static std::atomic<std::size_t> limit{5};
     return limit;
 }
 
@@ -31,6 +38,42 @@ std::size_t& tracesPerFile() {
 std::vector<TraceFileLimit*>& activeLimits() {
     thread_local std::vector<TraceFileLimit*> limits;
     return limits;
+}
+
+// Where this thread's messages go instead of the handlers; null: to them.
+TraceRecording*& activeRecording() {
+    thread_local TraceRecording* recording = nullptr;
+    return recording;
+}
+
+// The texts diagTraceOnce has let through, for the whole process.
+struct SaidOnce {
+    std::mutex guard;
+    std::set<std::string> texts;
+
+    // True the first time `text` comes.
+    bool first(const char* text) {
+        std::lock_guard<std::mutex> lock(guard);
+        return texts.insert(text ? text : "").second;
+    }
+    bool seen(const char* text) {
+        std::lock_guard<std::mutex> lock(guard);
+        return texts.count(text ? text : "") != 0;
+    }
+};
+
+SaidOnce& saidOnce() {
+    static SaidOnce said;
+    return said;
+}
+
+// Whether the file limits of this thread let `message` pass (counting it).
+bool admittedHere(const char* message) {
+    const auto& limits = activeLimits();
+    for (auto it = limits.rbegin(); it != limits.rend(); ++it)
+        if (!(*it)->admit(message))
+            return false;
+    return true;
 }
 
 void deliver(const char* message, const char* extra);
@@ -52,15 +95,34 @@ void writeTraceLine(const char* message, const char* extra) {
 }  // namespace
 
 void diagTrace(const char* message, const char* extra) {
-    const auto& limits = activeLimits();
-    for (auto it = limits.rbegin(); it != limits.rend(); ++it)
-        if (!(*it)->admit(message))
-            return;
-    deliver(message, extra);
+    if (admittedHere(message))
+        deliver(message, extra);
+}
+
+void diagTraceOnce(const char* message) {
+    TraceRecording* recording = activeRecording();
+    if (!recording) {
+        // Marked as said even when a file limit then holds it back.
+        if (saidOnce().first(message))
+            diagTrace(message, nullptr);
+        return;
+    }
+    // Said before this recording began: dropped here as it would be anywhere.
+    // Whether an earlier recording, not yet replayed, says it first is
+    // settled by the replay.
+    if (saidOnce().seen(message))
+        return;
+    recording->add(
+        admittedHere(message) ? TraceRecording::Kind::Once : TraceRecording::Kind::OnceLimited,
+        message, nullptr);
 }
 
 namespace {
 void deliver(const char* message, const char* extra) {
+    if (TraceRecording* recording = activeRecording()) {
+        recording->add(TraceRecording::Kind::Trace, message, extra);
+        return;
+    }
     // A copy, so that a handler may replace itself while it runs.
     DiagTraceHandler handler = diagTraceHandler();
     if (handler)
@@ -97,7 +159,7 @@ bool TraceFileLimit::admit(const char* message) {
 }
 
 std::size_t setTracesPerFile(std::size_t limit) {
-    return std::exchange(tracesPerFile(), limit);
+    return tracesPerFile().exchange(limit);
 }
 
 void diagTraceToStderr(const char* message, const char* extra) {
@@ -109,6 +171,10 @@ DiagTraceHandler setDiagTraceHandler(DiagTraceHandler handler) {
 }
 
 void ut_guimsg(const char* message) {
+    if (TraceRecording* recording = activeRecording()) {
+        recording->add(TraceRecording::Kind::GuiMsg, message, nullptr);
+        return;
+    }
     GuiMsgHandler handler = guiMsgHandler();
     if (handler)
         handler(message);
@@ -116,4 +182,37 @@ void ut_guimsg(const char* message) {
 
 GuiMsgHandler setGuiMsgHandler(GuiMsgHandler handler) {
     return std::exchange(guiMsgHandler(), std::move(handler));
+}
+
+void TraceRecording::add(Kind kind, const char* text, const char* extra) {
+    m_messages.push_back(
+        Message{kind, text ? text : "", extra != nullptr, extra ? extra : std::string()});
+}
+
+void TraceRecording::replay() const {
+    for (const Message& message : m_messages) {
+        const char* text = message.text.c_str();
+        switch (message.kind) {
+            case Kind::Trace:
+                diagTrace(text, message.hasExtra ? message.extra.c_str() : nullptr);
+                break;
+            case Kind::Once:
+                if (saidOnce().first(text))
+                    diagTrace(text, nullptr);
+                break;
+            case Kind::OnceLimited:
+                saidOnce().first(text);
+                break;
+            case Kind::GuiMsg:
+                ut_guimsg(text);
+                break;
+        }
+    }
+}
+
+TraceRecorder::TraceRecorder(TraceRecording& into)
+    : m_outer(std::exchange(activeRecording(), &into)) {}
+
+TraceRecorder::~TraceRecorder() {
+    activeRecording() = m_outer;
 }

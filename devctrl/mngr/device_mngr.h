@@ -27,6 +27,7 @@ namespace tarn::vyxpn {
 
 class TarnSDSFile;
 class TarnDeviceObj;
+struct FamilyBuild;
 
 using KeyValueReport = std::vector<std::pair<std::string, std::string>>;
 
@@ -209,6 +210,13 @@ class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
     static TarnDeviceMngr* m_pMngr;
 
   private:
+    // Drops the loaded family of `pm`, if any.
+    void dropFamily(const std::string& pm);
+    // Takes a family built apart into the manager, as loadDeviceInfo does
+    // with the one it builds: replays what the build said, then stores the
+    // family, or records or raises its failure.
+    bool adoptFamilyBuild(const std::string& pm, FamilyBuild& build);
+
     // The family a part name belongs to: the first, in PM order, whose part
     // table holds it and has the columns a name lookup reads. From an index
     // built on first use; null when no family holds the name.

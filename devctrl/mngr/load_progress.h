@@ -21,7 +21,9 @@ struct DEVCTRL_API LoadProgress {
 // load order; a PM listed under two family names is announced once. Return
 // false to stop: init() then loads nothing more (the families already loaded
 // stay) and loadCancelled() is true. An exception thrown by the handler
-// leaves init() as it is.
+// leaves init() as it is. Families may be building on helper threads
+// meanwhile, so no handler may drop the part-model database (or switch the
+// data directory and rebuild it) while init() runs.
 using LoadProgressHandler = std::function<bool(const LoadProgress&)>;
 
 // Installs the handler that every later init() calls, getInstance()'s first

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <memory>
+#include <optional>
 #include <set>
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/mngr/load_progress.h"
+#include "devctrl/mngr/parallel_family_load.h"
+#include "devctrl/mngr/parallel_ordered_tasks.h"
 #include "devctrl/sds/sds_file.h"
 #include "devctrl/util/quote.h"
 #include "platform/pm_database.h"
@@ -66,18 +69,36 @@ void TarnDeviceMngr::init(BrokenFamilies broken) {
     m_switchedOff.clear();
     StringList pms;
     baseGetAllPMs(pms);
+    // Families are built on helper threads, ahead of this loop, which takes
+    // them in order: what the host sees (announcements, progress, traces,
+    // errors, the families kept) is what loading one after the other shows,
+    // and every handler is called on this thread. Helpers only read the
+    // part-model database, which is complete before the first one starts.
+    PM_DATABASE::buildMe();
+    std::optional<ParallelOrderedTasks<FamilyBuild>> builds;
+    if (const unsigned threads = familyLoadThreads(pms.size()); threads > 1)
+        builds.emplace(pms.size(), threads,
+                       [this, &pms](std::size_t i) { return buildFamily(pms[i], this, true); });
     // A PM listed under two family names loads twice but is announced once,
     // so that a progress bar counts what the user sees as families.
     const std::set<std::string> distinct(pms.begin(), pms.end());
     std::set<std::string> announced;
-    for (const auto& pm : pms) {
+    for (std::size_t i = 0; i < pms.size(); ++i) {
+        const std::string& pm = pms[i];
         if (announced.insert(pm).second && !announceLoad(pm, static_cast<int>(announced.size()),
                                                          static_cast<int>(distinct.size()))) {
+            // Families being built are waited for and dropped with `builds`.
             m_loadCancelled = true;
             break;
         }
         ut_guimsg("...");
-        loadDeviceInfo(pm, true);
+        if (!builds) {
+            loadDeviceInfo(pm, true);
+            continue;
+        }
+        FamilyBuild build = builds->take(i);
+        dropFamily(pm);
+        adoptFamilyBuild(pm, build);
     }
 }
 
@@ -89,33 +110,44 @@ void TarnDeviceMngr::reset() {
 }
 
 bool TarnDeviceMngr::loadDeviceInfo(const std::string& pm, bool reload) {
+    if (!reload && m_familyFiles.count(pm))
+        return true;
+    // No rollback: a failed reload leaves the PM unloaded.
+    dropFamily(pm);
+    FamilyBuild build = buildFamily(pm, this, false);
+    return adoptFamilyBuild(pm, build);
+}
+
+void TarnDeviceMngr::dropFamily(const std::string& pm) {
     auto loaded = m_familyFiles.find(pm);
-    if (loaded != m_familyFiles.end()) {
-        if (!reload)
-            return true;
-        // No rollback: a failed reload leaves the PM unloaded.
-        delete loaded->second;
-        m_familyFiles.erase(loaded);
-        invalidateIndexes();
-    }
+    if (loaded == m_familyFiles.end())
+        return;
+    delete loaded->second;
+    m_familyFiles.erase(loaded);
+    invalidateIndexes();
+}
+
+bool TarnDeviceMngr::adoptFamilyBuild(const std::string& pm, FamilyBuild& build) {
+    build.messages.replay();
     // Owned until stored: a range error out of bad data must not leak it.
-    auto file = std::make_unique<TarnSDSFile>(pm, this);
-    bool ready = false;
-    try {
-        ready = file->init();
-    } catch (const std::out_of_range& error) {
-        // Whatever range error the data provoke leaves here located, so a
-        // host can always name the family and file.
-        const auto* located = dynamic_cast<const DataError*>(&error);
-        DataError failure =
-            located ? *located : DataError(pm, file->deviceTablePath(), "", "", error.what());
-        if (m_broken == BrokenFamilies::Raise)
-            throw failure;
-        // Handed to the host, which names the family; the other families load.
-        m_loadFailures.push_back(std::move(failure));
-        return false;
+    std::unique_ptr<TarnSDSFile> file = std::move(build.file);
+    if (build.error) {
+        try {
+            std::rethrow_exception(build.error);
+        } catch (const std::out_of_range& error) {
+            // Whatever range error the data provoke leaves here located, so a
+            // host can always name the family and file.
+            const auto* located = dynamic_cast<const DataError*>(&error);
+            DataError failure =
+                located ? *located : DataError(pm, file->deviceTablePath(), "", "", error.what());
+            if (m_broken == BrokenFamilies::Raise)
+                throw failure;
+            // Handed to the host, which names the family; the other families load.
+            m_loadFailures.push_back(std::move(failure));
+            return false;
+        }
     }
-    if (ready) {
+    if (build.ready) {
         m_familyFiles[pm] = file.release();
         invalidateIndexes();
         return true;
