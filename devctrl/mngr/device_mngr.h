@@ -208,6 +208,20 @@ class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
 
     static TarnDeviceMngr* m_pMngr;
 
+    // ---- partial load (mngr_partial_load.cpp) ----
+    // The one manager, created by the first call with only the installed
+    // PMs among `pms` loaded (see initOnly). Any later call returns the
+    // manager there is, whatever it holds.
+    static TarnDeviceMngr* getInstanceOf(const StringList& pms, BrokenFamilies broken);
+    // init() for the installed PMs among `pms` alone: they load in init()'s
+    // order, with the progress, traces and failures init() gives for them;
+    // every other family stays unloaded. For a program that knows which
+    // families its question depends on.
+    void initOnly(const StringList& pms, BrokenFamilies broken);
+    // The index behind part name lookups (mngr_indexes.cpp): which loaded
+    // family owns each name.
+    const PartOwnerIndex& partOwnerIndex();
+
   private:
     // The family a part name belongs to: the first, in PM order, whose part
     // table holds it and has the columns a name lookup reads. From an index
