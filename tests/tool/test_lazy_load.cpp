@@ -128,6 +128,10 @@ TEST_F(LazyLoad, SampleAnswersAsAFullLoad) {
                             "parts zr5b00 'ZU4-*' --all",
                             "parts ZR1 --asc-only",
                             "parts zr2b00 --where 'LUT>=3520' --columns 'IO,Condition'",
+                            // The renamed-device list alone.
+                            "translate ZQ12-6B100C",
+                            "translate ZR7-6Q48C --renames-only",
+                            "translate NOPE",
                             "parts ZR4X",
                         });
 }

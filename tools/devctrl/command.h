@@ -48,6 +48,9 @@ struct Context {
     // The same for a question about one PM or family; `ascOnly` when parts
     // are counted by ASC capacity, which other families may decide.
     tarn::vyxpn::TarnDeviceMngr& mngrForPm(const std::string& pmOrFamily, bool ascOnly);
+    // The manager with exactly these families loaded (none for a question
+    // about the installation's own lists); mngr() in the cases above.
+    tarn::vyxpn::TarnDeviceMngr& mngrOf(const std::vector<std::string>& pms);
     // Throws ToolError (status 3) unless the data directory is a directory
     // that can be read. Every command that reads the installation calls it,
     // mngr() included.

@@ -80,4 +80,10 @@ TarnDeviceMngr& Context::mngrForPm(const std::string& pmOrFamily, bool ascOnly) 
     return loadFor(tarn::vyxpn::familiesForPm(pmOrFamily, &cache), cache.usable() ? "" : stamp);
 }
 
+TarnDeviceMngr& Context::mngrOf(const std::vector<std::string>& pms) {
+    if (TarnDeviceMngr::m_pMngr || fullLoadWanted())
+        return mngr();
+    return loadFor(pms, "");
+}
+
 }  // namespace devctrl_tool
