@@ -41,4 +41,9 @@ class DEVCTRL_API BaseSystem {
     // the next manager (after the current one is deleted) reads the new one.
     // Not for use while another thread loads.
     static void setDataPath(const QString& directory);
+    // Where the library may keep files it can always rebuild (indexes of
+    // the data directory): DEVCTRL_CACHE_DIR when set and not empty; else
+    // devctrl/ in XDG_CACHE_HOME, or in ~/.cache without it. Empty when
+    // none of these can be named. The directory need not exist.
+    static QString getCacheDir();
 };

@@ -38,6 +38,25 @@ QString& dataPathFromCode() {
 
 }  // namespace
 
+QString BaseSystem::getCacheDir() {
+    // Set but empty counts as unset, as for the data directory.
+    auto fromEnv = [](const char* name) {
+        const char* value = std::getenv(name);
+        return value && *value ? QString::fromLocal8Bit(value) : QString();
+    };
+    const QString explicitDir = fromEnv("DEVCTRL_CACHE_DIR");
+    if (!explicitDir.isEmpty())
+        return explicitDir;
+    QString base = fromEnv("XDG_CACHE_HOME");
+    if (base.isEmpty()) {
+        const QString home = fromEnv("HOME");
+        if (home.isEmpty())
+            return {};
+        base = home + QStringLiteral("/.cache");
+    }
+    return base + QStringLiteral("/devctrl");
+}
+
 void BaseSystem::setDataPath(const QString& directory) {
     dataPathFromCode() = directory;
 }

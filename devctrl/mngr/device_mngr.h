@@ -209,6 +209,20 @@ class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
 
     static TarnDeviceMngr* m_pMngr;
 
+    // ---- partial load (mngr_partial_load.cpp) ----
+    // The one manager, created by the first call with only the installed
+    // PMs among `pms` loaded (see initOnly). Any later call returns the
+    // manager there is, whatever it holds.
+    static TarnDeviceMngr* getInstanceOf(const StringList& pms, BrokenFamilies broken);
+    // init() for the installed PMs among `pms` alone: they load in init()'s
+    // order, with the progress, traces and failures init() gives for them;
+    // every other family stays unloaded. For a program that knows which
+    // families its question depends on.
+    void initOnly(const StringList& pms, BrokenFamilies broken);
+    // The index behind part name lookups (mngr_indexes.cpp): which loaded
+    // family owns each name.
+    const PartOwnerIndex& partOwnerIndex();
+
   private:
     // Drops the loaded family of `pm`, if any.
     void dropFamily(const std::string& pm);

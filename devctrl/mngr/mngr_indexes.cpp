@@ -51,10 +51,14 @@ void TarnDeviceMngr::noticeTableChanges(bool everyTable) {
 }
 
 const PartOwnerIndex::Owner* TarnDeviceMngr::ownerOf(const std::string& part) {
+    return partOwnerIndex().find(part);
+}
+
+const PartOwnerIndex& TarnDeviceMngr::partOwnerIndex() {
     noticeTableChanges(false);
     if (!m_partOwners)
         m_partOwners = std::make_unique<PartOwnerIndex>(m_familyFiles);
-    return m_partOwners->find(part);
+    return *m_partOwners;
 }
 
 }  // namespace tarn::vyxpn

@@ -37,6 +37,12 @@ class PartOwnerIndex {
     explicit PartOwnerIndex(const std::map<std::string, TarnSDSFile*>& families);
 
     const Owner* find(const std::string& part) const;
+    // Calls f(name, owner) for every name, in no particular order.
+    template <class F>
+    void forEach(F&& f) const {
+        for (const auto& [name, owner] : m_owners)
+            f(name, owner);
+    }
     const std::string& text(std::uint32_t id) const { return m_texts[id]; }
 
   private:

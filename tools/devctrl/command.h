@@ -5,7 +5,9 @@
 // DEVCTRL_REGISTER_COMMAND. Nothing else needs to change to add one.
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -36,6 +38,19 @@ struct Context {
     // family whose data are broken is named on standard error and left out;
     // the others answer.
     tarn::vyxpn::TarnDeviceMngr& mngr();
+    // The manager with only the families a question about these parts
+    // needs, found through the part-owner cache; with a cache that cannot
+    // tell, every family, and the cache is written anew. The answers are a
+    // full load's; a broken family the question does not involve is not
+    // named. With DEVCTRL_FULL_LOAD=1, and once a manager exists (a shell
+    // session), this is mngr().
+    tarn::vyxpn::TarnDeviceMngr& mngrForParts(const std::vector<std::string>& parts);
+    // The same for a question about one PM or family; `ascOnly` when parts
+    // are counted by ASC capacity, which other families may decide.
+    tarn::vyxpn::TarnDeviceMngr& mngrForPm(const std::string& pmOrFamily, bool ascOnly);
+    // The manager with exactly these families loaded (none for a question
+    // about the installation's own lists); mngr() in the cases above.
+    tarn::vyxpn::TarnDeviceMngr& mngrOf(const std::vector<std::string>& pms);
     // Throws ToolError (status 3) unless the data directory is a directory
     // that can be read. Every command that reads the installation calls it,
     // mngr() included.
@@ -47,6 +62,15 @@ struct Context {
     std::string subject;
     // -v: also show what the installation switches off on purpose.
     bool verbose = false;
+
+  private:
+    // Runs `load` (which creates the manager) with the progress line, the
+    // traces and the naming of broken families every load has.
+    void loadWith(const std::function<void()>& load);
+    // Loads `pms` alone, or without them every family, then writing the
+    // part-owner cache when `cacheStamp` is not empty.
+    tarn::vyxpn::TarnDeviceMngr& loadFor(const std::optional<std::vector<std::string>>& pms,
+                                         const std::string& cacheStamp);
 };
 
 // The --all and --asc-only flags of the commands that list parts or their

@@ -149,38 +149,41 @@ void Context::requireData() {
 
 tarn::vyxpn::TarnDeviceMngr& Context::mngr() {
     using tarn::vyxpn::TarnDeviceMngr;
-    if (!TarnDeviceMngr::m_pMngr) {
-        requireData();
-        verboseLoad = verbose;
-        installProgress();
-        try {
-            TarnDeviceMngr::getInstance(TarnDeviceMngr::BrokenFamilies::Skip);
-        } catch (const tarn::vyxpn::DataError&) {
-            // Bad data stopped the load: the family they belong to is what
-            // the user must look at, whatever the command was about.
-            clearProgress();
-            subject.clear();
-            throw;
-        } catch (...) {
-            // Not the data: the load was stopped while this family loaded.
-            clearProgress();
-            subject = familyLoadedAs(loading);
-            throw;
-        }
-        clearProgress();
-        // A broken family is named once; the command answers for the others.
-        for (const tarn::vyxpn::DataError& failure : TarnDeviceMngr::m_pMngr->loadFailures())
-            std::cerr << "devctrl: " << familyOf(failure) << " not loaded: " << failure.what()
-                      << '\n';
-        tarn::vyxpn::StringList installed;
-        TarnDeviceMngr::baseGetAllPMs(installed);
-        if (installed.empty())
-            std::cerr << "devctrl: no families installed in "
-                      << tarn::vyxpn::util::escapedForMessage(
-                             BaseSystem::getDataPath().absolutePath().toStdString())
-                      << '\n';
-    }
+    if (!TarnDeviceMngr::m_pMngr)
+        loadWith([] { TarnDeviceMngr::getInstance(TarnDeviceMngr::BrokenFamilies::Skip); });
     return *TarnDeviceMngr::m_pMngr;
+}
+
+void Context::loadWith(const std::function<void()>& load) {
+    using tarn::vyxpn::TarnDeviceMngr;
+    requireData();
+    verboseLoad = verbose;
+    installProgress();
+    try {
+        load();
+    } catch (const tarn::vyxpn::DataError&) {
+        // Bad data stopped the load: the family they belong to is what
+        // the user must look at, whatever the command was about.
+        clearProgress();
+        subject.clear();
+        throw;
+    } catch (...) {
+        // Not the data: the load was stopped while this family loaded.
+        clearProgress();
+        subject = familyLoadedAs(loading);
+        throw;
+    }
+    clearProgress();
+    // A broken family is named once; the command answers for the others.
+    for (const tarn::vyxpn::DataError& failure : TarnDeviceMngr::m_pMngr->loadFailures())
+        std::cerr << "devctrl: " << familyOf(failure) << " not loaded: " << failure.what() << '\n';
+    tarn::vyxpn::StringList installed;
+    TarnDeviceMngr::baseGetAllPMs(installed);
+    if (installed.empty())
+        std::cerr << "devctrl: no families installed in "
+                  << tarn::vyxpn::util::escapedForMessage(
+                         BaseSystem::getDataPath().absolutePath().toStdString())
+                  << '\n';
 }
 
 // A failure as one line on standard error, or with JSON output as one JSON

@@ -35,7 +35,11 @@ inline constexpr const char* kEnvironmentText =
     "                         (default: the sample installation beside the library)\n"
     "  DEVCTRL_SETTINGS       the settings file holding the default device (default:\n"
     "                         devctrl/settings.ini in the user's configuration directory)\n"
-    "  TARN_SHOW_ALL_DEVICES  when set, families switched off with PM_ENABLE load too\n";
+    "  TARN_SHOW_ALL_DEVICES  when set, families switched off with PM_ENABLE load too\n"
+    "  DEVCTRL_CACHE_DIR      where the index of part names to families is kept (default:\n"
+    "                         devctrl/ in XDG_CACHE_HOME or ~/.cache)\n"
+    "  DEVCTRL_FULL_LOAD      when 1, every command loads every family, not only the\n"
+    "                         families its question needs\n";
 
 // The top-level command line with a fresh object of every command; the
 // options write into the fields below and into the command objects.

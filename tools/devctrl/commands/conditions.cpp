@@ -21,7 +21,7 @@ class ConditionsCommand : public Command {
         command.footer("Conditions are the words COM, IND and AUTO as the part table holds them.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForPm(m_pm, m_filters.ascOnly);
         const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         tarn::vyxpn::requireSelection(mngr, pm, m_device, &m_package, &m_speed);
         tarn::vyxpn::StringList conditions;

@@ -16,7 +16,7 @@ class DevicesCommand : public Command {
         command.footer("A device is listed when at least one of its parts passes the filters.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForPm(m_pm, m_filters.ascOnly);
         const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         tarn::vyxpn::StringList devices;
         mngr.getDevices(pm, devices, m_filters.withObsolete, m_filters.ascOnly);

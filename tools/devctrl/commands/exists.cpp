@@ -20,7 +20,7 @@ class ExistsCommand : public Command {
     }
     bool tabular() const override { return false; }
     int run(Context& context) override {
-        const bool known = context.mngr().exists(m_part);
+        const bool known = context.mngrForParts({m_part}).exists(m_part);
         if (context.out.json())
             context.out.print(QJsonObject{{"part", qs(m_part)}, {"exists", known}}, "");
         return known ? 0 : 1;

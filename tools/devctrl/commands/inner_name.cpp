@@ -20,7 +20,7 @@ class InnerNameCommand : public Command {
     }
     int run(Context& context) override {
         std::string inner;
-        if (!context.mngr().getInnerDeviceName(m_part, inner))
+        if (!context.mngrForParts({m_part}).getInnerDeviceName(m_part, inner))
             throw ToolError("unknown part " + tarn::vyxpn::util::escapedForMessage(m_part));
         context.out.value(inner);
         return 0;

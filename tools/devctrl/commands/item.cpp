@@ -24,7 +24,7 @@ class ItemCommand : public Command {
             "--default is given.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForParts({m_part});
         tarn::vyxpn::requireKnownPart(mngr, m_part);
         // An item no table of the part's family names is a typing error,
         // unless --default says what its absence means.

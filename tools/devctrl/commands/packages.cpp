@@ -21,7 +21,7 @@ class PackagesCommand : public Command {
             "filters. Packages sort by their last number (pin count) first.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForPm(m_pm, m_filters.ascOnly);
         const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         tarn::vyxpn::requireSelection(mngr, pm, m_device);
         tarn::vyxpn::StringList packages;

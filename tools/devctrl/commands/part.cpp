@@ -25,7 +25,7 @@ class PartCommand : public Command {
     }
     int run(Context& context) override {
         using tarn::vyxpn::TarnDeviceMngr;
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForParts({m_part});
         tarn::vyxpn::requireKnownPart(mngr, m_part);
         std::string pm, device, package, speed, condition;
         mngr.getNameByPart(m_part, pm, device, package, speed, condition);

@@ -62,7 +62,7 @@ class PartsCommand : public Command {
             "Example: devctrl --format table parts zr2b00 --where 'LUT>=3520' --columns LUT,IO");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForPm(m_pm, m_filters.ascOnly);
         const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         const std::string condition = m_condition.empty() ? "" : conditionWord(m_condition);
         const tarn::vyxpn::TarnSDSFile& file = *mngr.getFamilyFile(pm);

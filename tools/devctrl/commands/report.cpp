@@ -25,7 +25,7 @@ class ReportCommand : public Command {
             "the part cannot link is refused with validate's message (exit status 1).");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForParts({m_part});
         if (!mngr.exists(m_part))
             throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         tarn::vyxpn::TarnDeviceObj device(m_part);

@@ -21,7 +21,7 @@ class SettingsCommand : public Command {
             "capacity, its on-board ASC chips and the ASC chip types that may be linked.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForParts({m_part});
         if (!mngr.exists(m_part))
             throw ToolError("unknown part: " + tarn::vyxpn::util::escapedForMessage(m_part));
         PartAscs ascs = PartAscs::of(mngr, m_part);

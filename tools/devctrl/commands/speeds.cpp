@@ -21,7 +21,7 @@ class SpeedsCommand : public Command {
             "A speed grade is listed when at least one of its parts passes the filters.");
     }
     int run(Context& context) override {
-        auto& mngr = context.mngr();
+        auto& mngr = context.mngrForPm(m_pm, m_filters.ascOnly);
         const std::string pm = tarn::vyxpn::requireLoadedPm(mngr, m_pm);
         tarn::vyxpn::requireSelection(mngr, pm, m_device, &m_package);
         tarn::vyxpn::StringList speeds;

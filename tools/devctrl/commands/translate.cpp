@@ -24,7 +24,8 @@ class TranslateCommand : public Command {
     int run(Context& context) override {
         // Handing the old name in as the new one asks for renames only.
         std::string newName = m_renamesOnly ? m_name : "";
-        int code = context.mngr().getNewFormatDeviceName(m_name, newName);
+        // The renamed-device list alone answers: no family is needed.
+        int code = context.mngrOf({}).getNewFormatDeviceName(m_name, newName);
         if (code == 0)
             newName.clear();
         QJsonObject json{{"code", code},

@@ -24,7 +24,7 @@ class ValidateCommand : public Command {
         tarn::vyxpn::TarnDeviceObj device(m_part);
         device.m_ascList = m_ascs;
         std::string message;
-        bool valid = context.mngr().isValid(device, message);
+        bool valid = context.mngrForParts({m_part}).isValid(device, message);
         std::string text = valid ? "valid" : message;
         QJsonObject json{{"valid", valid}};
         if (!valid)

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Loading a chosen few families, for a program whose question depends on
+// them alone: one family instead of a catalogue of many.
+
+#include <set>
+
+#include "devctrl/mngr/device_mngr.h"
+#include "devctrl/mngr/load_progress.h"
+#include "platform/ut_trace.h"
+
+namespace tarn::vyxpn {
+
+TarnDeviceMngr* TarnDeviceMngr::getInstanceOf(const StringList& pms, BrokenFamilies broken) {
+    if (m_pMngr)
+        return m_pMngr;
+    // As getInstance(): published before loading, dropped again when the
+    // load raises.
+    m_pMngr = new TarnDeviceMngr();
+    try {
+        m_pMngr->initOnly(pms, broken);
+    } catch (...) {
+        delete m_pMngr;
+        m_pMngr = nullptr;
+        throw;
+    }
+    return m_pMngr;
+}
+
+void TarnDeviceMngr::initOnly(const StringList& pms, BrokenFamilies broken) {
+    reset();
+    m_loadCancelled = false;
+    m_broken = broken;
+    struct Restore {
+        BrokenFamilies& mode;
+        ~Restore() { mode = BrokenFamilies::Raise; }
+    } restore{m_broken};
+    m_loadFailures.clear();
+    m_switchedOff.clear();
+    const std::set<std::string> wanted(pms.begin(), pms.end());
+    StringList installed;
+    baseGetAllPMs(installed);
+    // The installed order decides, as in init(), so that traces and failures
+    // come in the order a full load gives them; progress counts what loads.
+    StringList order;
+    for (const auto& pm : installed)
+        if (wanted.count(pm))
+            order.push_back(pm);
+    const std::set<std::string> distinct(order.begin(), order.end());
+    std::set<std::string> announced;
+    for (const auto& pm : order) {
+        if (announced.insert(pm).second && !announceLoad(pm, static_cast<int>(announced.size()),
+                                                         static_cast<int>(distinct.size()))) {
+            m_loadCancelled = true;
+            break;
+        }
+        ut_guimsg("...");
+        loadDeviceInfo(pm, true);
+    }
+}
+
+}  // namespace tarn::vyxpn
