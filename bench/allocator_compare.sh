@@ -38,7 +38,7 @@ declare -A settings=(
 allocators=${DEVCTRL_ALLOCATORS:-glibc glibc-hugetlb jemalloc jemalloc-thp mimalloc mimalloc-large}
 
 answer=$(mktemp)
-trap 'rm -f "$answer"' EXIT
+trap 'rm -f "$answer" "$answer.stderr"' EXIT
 echo "load average at the start: $(cut -d' ' -f1-3 /proc/loadavg); devctrl ${command[*]}"
 printf '%-28s %-16s %-22s %-22s %s\n' installation allocator "wall s" "cpu s" "peak RSS MB"
 for dir in "${dirs[@]}"; do

@@ -6,8 +6,8 @@
 //   wall_med wall_min wall_max cpu_med cpu_min cpu_max rss_med rss_min rss_max
 //
 // (seconds, and megabytes of 10^6 bytes). The child's standard output goes to
-// FILE; it fails (exit 1) when a child ends with another status than the one
-// expected or, unless --empty-ok, prints nothing.
+// FILE, its standard error to FILE.stderr; it fails (exit 1) when a child ends with another status
+// than the one expected or, unless --empty-ok, prints nothing.
 //
 //   fresh_run [--runs N] [--status S] [--empty-ok] --out FILE -- PROGRAM ARGS...
 
@@ -22,6 +22,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iostream>
 #include <string>
 #include <vector>
 
@@ -62,6 +64,18 @@ bool parse(int argc, char** argv, Options& options) {
     return options.runs > 0 && !options.out.empty() && options.command.size() > 1;
 }
 
+// Where a child's standard error goes: shown only when the child fails, so
+// that the expected messages of a run (a family switched off, a name not
+// found) do not break up the table.
+std::string errorFile(const Options& options) {
+    return options.out + ".stderr";
+}
+
+void showErrors(const Options& options) {
+    std::ifstream errors(errorFile(options));
+    std::cerr << errors.rdbuf();
+}
+
 double seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
@@ -77,7 +91,9 @@ bool runOnce(const Options& options, Run& run) {
     if (child == 0) {
         const int in = open("/dev/null", O_RDONLY);
         const int out = open(options.out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        if (in < 0 || out < 0 || dup2(in, 0) < 0 || dup2(out, 1) < 0) {
+        const int err = open(errorFile(options).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        if (in < 0 || out < 0 || err < 0 || dup2(in, 0) < 0 || dup2(out, 1) < 0 ||
+            dup2(err, 2) < 0) {
             std::perror(("fresh_run: " + options.out).c_str());
             _exit(126);
         }
@@ -97,6 +113,7 @@ bool runOnce(const Options& options, Run& run) {
     run.rss = static_cast<double>(usage.ru_maxrss) * 1024 / 1e6;  // ru_maxrss is in KiB
 
     if (!WIFEXITED(status) || WEXITSTATUS(status) != options.status) {
+        showErrors(options);
         std::fprintf(stderr, "fresh_run: %s ended with %s %d, expected status %d\n",
                      options.command[0], WIFEXITED(status) ? "status" : "signal",
                      WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status), options.status);
@@ -104,6 +121,7 @@ bool runOnce(const Options& options, Run& run) {
     }
     struct stat written {};
     if (!options.emptyOk && (stat(options.out.c_str(), &written) != 0 || written.st_size == 0)) {
+        showErrors(options);
         std::fprintf(stderr, "fresh_run: %s printed nothing\n", options.command[0]);
         return false;
     }

@@ -105,7 +105,8 @@ for size in $sizes; do
     measure "getInstance() $size" -- "$host" "$catalogues/$size"
 done
 for size in $sizes; do
-    "$host" "$catalogues/$size" --write-rows "$work/rows-$size" >/dev/null
+    "$host" "$catalogues/$size" --write-rows "$work/rows-$size" >/dev/null 2>"$work/rows.stderr" ||
+        { cat "$work/rows.stderr" >&2; echo "startup_harness: cannot write the rows" >&2; exit 1; }
     measure "floor $size" -- "$floor" "$work/rows-$size"
     rm -f "$work/rows-$size"
 done
@@ -153,7 +154,7 @@ tour() {
         "renamed $renamed" >&2
     # Read once untimed: the page cache, and whatever the tool keeps in its
     # cache directory, are as a user's second command finds them.
-    "$tool" --data "$data" exists "$part"
+    "$tool" --data "$data" exists "$part" 2>/dev/null
 
     local d=(--data "$data")
     local lower=${part,,}

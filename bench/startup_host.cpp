@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
+#include "devctrl/sds/sds_file.h"
 #include "platform/base_settings.h"
 #include "table_rows_file.h"
 
