@@ -9,13 +9,13 @@
 //
 //   startup_floor FILE
 
-#include <exception>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
 #include <vector>
 
 #include "devctrl/sds/sds_file_section.h"
+#include "guarded_main.h"
 #include "table_rows_file.h"
 
 namespace {
@@ -51,10 +51,5 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        return run(argc, argv);
-    } catch (const std::exception& e) {
-        std::cerr << "startup_floor: " << e.what() << '\n';
-        return 1;
-    }
+    return devctrl_bench::guardedMain("startup_floor", [&] { return run(argc, argv); });
 }

@@ -52,6 +52,7 @@ done
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/devctrl-harness-XXXXXX")
 trap 'rm -rf "$work"' EXIT
+trap 'exit 130' INT TERM
 if [ -z "$catalogues" ]; then
     catalogues=$work/catalogues
 fi

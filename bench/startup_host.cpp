@@ -9,13 +9,13 @@
 
 #include <QString>
 #include <cstring>
-#include <exception>
 #include <fstream>
 #include <iostream>
 #include <vector>
 
 #include "devctrl/mngr/device_mngr.h"
 #include "devctrl/sds/sds_file.h"
+#include "guarded_main.h"
 #include "platform/base_settings.h"
 #include "table_rows_file.h"
 
@@ -63,10 +63,5 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
-        return run(argc, argv);
-    } catch (const std::exception& e) {
-        std::cerr << "startup_host: " << e.what() << '\n';
-        return 1;
-    }
+    return devctrl_bench::guardedMain("startup_host", [&] { return run(argc, argv); });
 }
