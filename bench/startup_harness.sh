@@ -126,14 +126,14 @@ tour() {
     # Names that exist in this catalogue: the first PM that has parts, its
     # first device, package, speed and condition, and its first part; a part
     # that may take an ASC chip, and a chip it may link; a renamed name.
-    local pm part asc chip
-    for pm in $("$tool" --data "$data" pms 2>/dev/null); do
-        part=$("$tool" --data "$data" parts "$pm" 2>/dev/null | head -n 1) || true
-        [ -n "$part" ] && break
+    local pm="" part="" asc="" chip candidate
+    for candidate in $("$tool" --data "$data" pms 2>/dev/null); do
+        part=$("$tool" --data "$data" parts "$candidate" 2>/dev/null | head -n 1) || true
+        [ -n "$part" ] && { pm=$candidate; break; }
     done
     [ -n "$part" ] || { echo "startup_harness: no part in $data" >&2; exit 1; }
-    for asc in $("$tool" --data "$data" pms 2>/dev/null); do
-        asc=$("$tool" --data "$data" parts "$asc" --asc-only 2>/dev/null | head -n 1) || true
+    for candidate in $("$tool" --data "$data" pms 2>/dev/null); do
+        asc=$("$tool" --data "$data" parts "$candidate" --asc-only 2>/dev/null | head -n 1) || true
         [ -n "$asc" ] && break
     done
     [ -n "$asc" ] || { echo "startup_harness: no ASC-capable part in $data" >&2; exit 1; }
@@ -148,7 +148,8 @@ tour() {
     renamed=$(awk -F= '/^\[Name Transfer\]/ {on = 1; next} /^\[/ {on = 0}
                        on && NF == 2 {print $1; exit}' "$lst")
     [ -n "$renamed" ] || { echo "startup_harness: no renamed part in $lst" >&2; exit 1; }
-    pwd=$(ls "$data/$pm"/*.pwd | head -n 1)
+    local partData=("$data/$pm"/*.pwd)
+    pwd=${partData[0]}
     "$tool" pwd-dump "$pwd" >"$work/part-data.txt"
     printf 'part %s\nexists %s\n' "$part" "$part" >"$work/shell.txt"
     echo "-- the tool's tour on $size: PM $pm, part $part, ASC part $asc with $chip," \
