@@ -60,15 +60,17 @@ std::string cacheFile(const std::string& cache) {
 
 class LazyLoad : public ::testing::Test {
   protected:
-    // Each command in every format: a full load, then the lazy tool with a
-    // cache it must build (the first format) and then reads.
+    // Each command in every format against a full load; the lazy tool runs
+    // twice in the first format, so that both a cache it must build (the
+    // first command) and one it reads are compared.
     void expectAllSameAsFull(const std::string& data, const std::vector<std::string>& commands) {
         for (const std::string& command : commands)
             for (const char* format : kFormats) {
                 const std::string args = format + command;
                 const ToolRun full = runFull(data, args);
                 expectSame(run(data, args), full, args);
-                expectSame(run(data, args), full, args + " (again)");
+                if (format == kFormats[0])
+                    expectSame(run(data, args), full, args + " (again)");
             }
     }
 
