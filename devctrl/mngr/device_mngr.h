@@ -224,6 +224,9 @@ class DEVCTRL_API TarnDeviceMngr : public PartAscCapacity {
     const PartOwnerIndex& partOwnerIndex();
 
   private:
+    // Loads `pms` in their order, replacing whatever was loaded: the one
+    // load loop of init() and initOnly().
+    void loadFamilies(const StringList& pms, BrokenFamilies broken);
     // Drops the loaded family of `pm`, if any.
     void dropFamily(const std::string& pm);
     // Takes a family built apart into the manager, as loadDeviceInfo does

@@ -56,6 +56,12 @@ void TarnDeviceMngr::init() {
 }
 
 void TarnDeviceMngr::init(BrokenFamilies broken) {
+    StringList pms;
+    baseGetAllPMs(pms);
+    loadFamilies(pms, broken);
+}
+
+void TarnDeviceMngr::loadFamilies(const StringList& pms, BrokenFamilies broken) {
     reset();
     m_loadCancelled = false;
     // Only this load skips broken families; a later loadDeviceInfo() by the
@@ -67,8 +73,6 @@ void TarnDeviceMngr::init(BrokenFamilies broken) {
     } restore{m_broken};
     m_loadFailures.clear();
     m_switchedOff.clear();
-    StringList pms;
-    baseGetAllPMs(pms);
     // Families are built on helper threads, ahead of this loop, which takes
     // them in order: what the host sees (announcements, progress, traces,
     // errors, the families kept) is what loading one after the other shows,

@@ -5,8 +5,6 @@
 #include <set>
 
 #include "devctrl/mngr/device_mngr.h"
-#include "devctrl/mngr/load_progress.h"
-#include "platform/ut_trace.h"
 
 namespace tarn::vyxpn {
 
@@ -27,15 +25,6 @@ TarnDeviceMngr* TarnDeviceMngr::getInstanceOf(const StringList& pms, BrokenFamil
 }
 
 void TarnDeviceMngr::initOnly(const StringList& pms, BrokenFamilies broken) {
-    reset();
-    m_loadCancelled = false;
-    m_broken = broken;
-    struct Restore {
-        BrokenFamilies& mode;
-        ~Restore() { mode = BrokenFamilies::Raise; }
-    } restore{m_broken};
-    m_loadFailures.clear();
-    m_switchedOff.clear();
     const std::set<std::string> wanted(pms.begin(), pms.end());
     StringList installed;
     baseGetAllPMs(installed);
@@ -45,17 +34,7 @@ void TarnDeviceMngr::initOnly(const StringList& pms, BrokenFamilies broken) {
     for (const auto& pm : installed)
         if (wanted.count(pm))
             order.push_back(pm);
-    const std::set<std::string> distinct(order.begin(), order.end());
-    std::set<std::string> announced;
-    for (const auto& pm : order) {
-        if (announced.insert(pm).second && !announceLoad(pm, static_cast<int>(announced.size()),
-                                                         static_cast<int>(distinct.size()))) {
-            m_loadCancelled = true;
-            break;
-        }
-        ut_guimsg("...");
-        loadDeviceInfo(pm, true);
-    }
+    loadFamilies(order, broken);
 }
 
 }  // namespace tarn::vyxpn
