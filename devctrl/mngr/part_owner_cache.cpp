@@ -121,7 +121,9 @@ bool PartOwnerCache::open(const std::string& stamp) {
     const std::string file = path();
     if (file.empty())
         return false;
-    const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    // Without blocking: a FIFO in the file's place must not hold the tool
+    // until someone writes to it; it is then refused as not a regular file.
+    const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0)
         return false;
     struct stat info {};

@@ -4,6 +4,8 @@
 // which families a PM question needs.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -79,6 +81,15 @@ TEST_F(PartOwnerCacheTest, EveryNameHasTheOwnerAFullLoadGivesIt) {
 
     // Another stamp: the file is not used.
     EXPECT_FALSE(PartOwnerCache(stamp + "file 1 2 added\n").usable());
+
+    // A FIFO in the file's place is refused at once, never waited on.
+    const std::string file = PartOwnerCache::path();
+    ASSERT_EQ(::unlink(file.c_str()), 0);
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    EXPECT_FALSE(PartOwnerCache(stamp).usable());
+    // And a new index replaces it.
+    ASSERT_TRUE(PartOwnerCache::write(*mngr, stamp));
+    EXPECT_TRUE(PartOwnerCache(stamp).usable());
 }
 
 TEST_F(PartOwnerCacheTest, PmQuestionsNeedTheirFamilyOrEverything) {
